@@ -1,0 +1,14 @@
+#include "CoreGlobals.h"
+
+#include "Misc/OutputDeviceRedirector.h"
+
+FOutputDeviceRedirector* GLog = FOutputDeviceRedirector::Get();
+FConfigCacheIni* GConfig = nullptr;
+bool GIsEditor = true;
+bool GIsRunning = false;
+bool GIsRequestingExit = false;
+
+DEFINE_LOG_CATEGORY(LogTemp);
+DEFINE_LOG_CATEGORY(LogCore);
+DEFINE_LOG_CATEGORY(LogInit);
+DEFINE_LOG_CATEGORY(LogOutputDevice);
