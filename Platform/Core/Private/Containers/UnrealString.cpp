@@ -555,25 +555,14 @@ FString FString::SanitizeFloat(double InFloat, int32 InMinFractionalDigits)
 	{
 		return Result;
 	}
+	const int32 MinFractionalDigits = FMath::Max(InMinFractionalDigits, 0);
 	int32 End = Result.Len();
-	while (End > Dot + 1 && Result[End - 1] == TEXT('0'))
+	while (End > Dot + 1 + MinFractionalDigits && Result[End - 1] == TEXT('0'))
 	{
 		--End;
 	}
-	const int32 MinEnd = Dot + 1 + (InMinFractionalDigits > 0 ? InMinFractionalDigits : 0);
-	if (End < MinEnd)
-	{
-		End = FMath::Min(MinEnd, Result.Len());
-	}
-	if (InMinFractionalDigits <= 0 && End == Dot + 1)
-	{
-		End = Dot;
-	}
-	Result.LeftInline(End);
-	while (Result.Len() < MinEnd)
-	{
-		Result.AppendChar(TEXT('0'));
-	}
+	// Without fractional digits the dot goes too.
+	Result.LeftInline(End == Dot + 1 ? Dot : End);
 	if (Result == TEXT("-0.0") || Result == TEXT("-0"))
 	{
 		Result.RemoveAt(0);

@@ -169,6 +169,14 @@ public:
 		check(Value != nullptr);
 		return *Value;
 	}
+	ValueType& operator[](KeyConstPointerType Key)
+	{
+		return FindChecked(Key);
+	}
+	const ValueType& operator[](KeyConstPointerType Key) const
+	{
+		return FindChecked(Key);
+	}
 	const KeyType* FindKey(const ValueType& Value) const
 	{
 		for (const ElementType& Pair : Pairs)

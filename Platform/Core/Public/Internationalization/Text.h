@@ -33,7 +33,7 @@ public:
 	CORE_API static const FText& GetEmpty();
 	// Replaces {0}, {1}, ... by the arguments' strings.
 	CORE_API static FText Format(const FText& Pattern, const TArray<FText>& Arguments);
-	template<typename... ArgTypes>
+	template<typename... ArgTypes, typename = std::enable_if_t<(std::is_same_v<std::decay_t<ArgTypes>, FText> && ...)>>
 	static FText Format(const FText& Pattern, ArgTypes&&... Args)
 	{
 		return Format(Pattern, TArray<FText>{FText(Args)...});
