@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+// What the command line asks of the host.
+struct FHostOptions
+{
+	std::string ProjectPath;
+	std::string Prompt;
+	std::string CaFile;
+	double TimeoutSeconds = 600.0;
+	bool bInteractive = false;
+	bool bVerbose = false;
+	bool bColor = false;
+};
+
+// Parses argv; on a bad command line writes the reason to Error and gives nothing.
+std::optional<FHostOptions> ParseHostOptions(int ArgC, char** ArgV, const std::string& DefaultProject, std::string& Error);
+
+const char* GetHostUsage();

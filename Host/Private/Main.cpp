@@ -1,0 +1,205 @@
+// The editor stand-in: loads a project, starts the Tavrine module, turns the engine loop and drives the
+// chat facade from the command line or the terminal.
+#include "ConsoleChat.h"
+#include "HostOptions.h"
+#include "HostProject.h"
+#include "TerminalInput.h"
+
+#include "Agent/Agent.h"
+#include "Agent/TavrineInterface.h"
+#include "CoreMinimal.h"
+#include "HttpStandInSettings.h"
+#include "Misc/OutputDeviceRedirector.h"
+#include "Misc/StandInEngineLoop.h"
+#include "Misc/StandInProject.h"
+#include "Modules/ModuleManager.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#ifndef TAVRINE_DEFAULT_PROJECT
+#define TAVRINE_DEFAULT_PROJECT "Samples/SampleProject"
+#endif
+
+namespace
+{
+	enum EHostExit
+	{
+		ExitOk = 0,
+		ExitTurnFailed = 1,
+		ExitBadUsage = 2,
+		ExitTimedOut = 3,
+	};
+
+	// A turn is over when the agent waits for the user, or is back in Idle.
+	bool IsSettled(EAgentState State)
+	{
+		return State == EAgentState::Idle || State == EAgentState::AwaitingUpdate || State == EAgentState::AwaitingApproval || State == EAgentState::Pause;
+	}
+
+	void PrintState()
+	{
+		std::printf("(agent state %d)\n", static_cast<int>(FAgent::Get().GetState()));
+	}
+
+	// One typed line: plain text is the next message, "/" starts a command. Gives false for /quit.
+	bool HandleLine(const std::string& Line)
+	{
+		FTavrineInterface& Interface = FTavrineInterface::Get();
+		const FString Text = UTF8_TO_TCHAR(Line.c_str());
+		FString Command;
+		FString Argument;
+		if (!Text.StartsWith(TEXT("/")))
+		{
+			const EAgentState State = FAgent::Get().GetState();
+			if (State == EAgentState::Idle)
+			{
+				Interface.InitialRequest(Text);
+			}
+			else if (State == EAgentState::AwaitingUpdate)
+			{
+				Interface.RegularRequest(Text);
+			}
+			else
+			{
+				std::printf("The agent is busy: /continue TEXT answers it, /pause or /cancel stop it.\n");
+			}
+			return true;
+		}
+		if (!Text.Split(TEXT(" "), &Command, &Argument))
+		{
+			Command = Text;
+		}
+		Argument.TrimStartAndEndInline();
+		if (Command == TEXT("/quit") || Command == TEXT("/exit"))
+		{
+			return false;
+		}
+		if (Command == TEXT("/continue"))
+		{
+			Interface.Continue(Argument);
+		}
+		else if (Command == TEXT("/approve"))
+		{
+			Interface.Approve();
+		}
+		else if (Command == TEXT("/pause"))
+		{
+			Interface.PauseRequest();
+		}
+		else if (Command == TEXT("/cancel"))
+		{
+			Interface.CancelRequest(Argument);
+		}
+		else if (Command == TEXT("/end"))
+		{
+			Interface.EndRequest(Argument);
+		}
+		else if (Command == TEXT("/state"))
+		{
+			PrintState();
+		}
+		else
+		{
+			std::fputs(GetHostUsage(), stdout);
+		}
+		return true;
+	}
+
+	int RunHost(const FHostOptions& Options)
+	{
+		std::string Error;
+		const std::string ProjectFile = ResolveProjectFile(Options.ProjectPath, Error);
+		if (ProjectFile.empty())
+		{
+			std::fprintf(stderr, "tavrine: %s\n", Error.c_str());
+			return ExitBadUsage;
+		}
+		const std::string ProjectDir = std::filesystem::path(ProjectFile).parent_path().string();
+		const std::string IniError = CheckPluginIni(ProjectDir);
+		if (!IniError.empty())
+		{
+			std::fprintf(stderr, "tavrine: %s\n", IniError.c_str());
+			return ExitBadUsage;
+		}
+		if (!Options.CaFile.empty() && !std::filesystem::is_regular_file(Options.CaFile))
+		{
+			std::fprintf(stderr, "tavrine: CA file '%s' does not exist\n", Options.CaFile.c_str());
+			return ExitBadUsage;
+		}
+
+		FConsoleLogDevice LogDevice(Options.bVerbose);
+		GLog->AddOutputDevice(&LogDevice);
+		FStandInProject::SetProjectFile(UTF8_TO_TCHAR(ProjectFile.c_str()));
+		FStandInProject::SetEngineDir(UTF8_TO_TCHAR((ProjectDir + "/Saved/StandInEngine").c_str()));
+		if (!Options.CaFile.empty())
+		{
+			FHttpStandInSettings::SetExtraCaFile(UTF8_TO_TCHAR(std::filesystem::absolute(Options.CaFile).string().c_str()));
+		}
+
+		if (!FModuleManager::Get().LoadModule(TEXT("Tavrine")))
+		{
+			std::fprintf(stderr, "tavrine: the Tavrine module could not be loaded\n");
+			GLog->RemoveOutputDevice(&LogDevice);
+			return ExitTurnFailed;
+		}
+		int ExitCode = ExitOk;
+		{
+			FConsoleChat Chat(Options.bColor);
+			bool bQuit = false;
+			if (!Options.Prompt.empty())
+			{
+				FTavrineInterface::Get().InitialRequest(UTF8_TO_TCHAR(Options.Prompt.c_str()));
+				const bool bSettled = FStandInEngineLoop::PumpUntil([]() { return IsSettled(FAgent::Get().GetState()); }, Options.TimeoutSeconds);
+				if (!bSettled)
+				{
+					std::fprintf(stderr, "tavrine: no answer within %.0f seconds\n", Options.TimeoutSeconds);
+					FTavrineInterface::Get().CancelRequest(TEXT("Timed out"));
+					ExitCode = ExitTimedOut;
+				}
+				else if (FAgent::Get().GetState() == EAgentState::Idle)
+				{
+					ExitCode = ExitTurnFailed;
+				}
+				bQuit = !Options.bInteractive;
+			}
+			if (!bQuit)
+			{
+				std::printf("Type a message, or /help.\n");
+				FTerminalInput Input;
+				FStandInEngineLoop::PumpUntil([&Input]()
+				{
+					while (std::optional<std::string> Line = Input.PopLine())
+					{
+						if (!HandleLine(*Line))
+						{
+							return true;
+						}
+					}
+					return Input.IsFinished() && IsSettled(FAgent::Get().GetState());
+				}, 1.0e9);
+				ExitCode = ExitOk;
+			}
+		}
+		FModuleManager::Get().UnloadModule(TEXT("Tavrine"));
+		GLog->RemoveOutputDevice(&LogDevice);
+		return ExitCode;
+	}
+}
+
+int main(int ArgC, char** ArgV)
+{
+	std::string Error;
+	const std::optional<FHostOptions> Options = ParseHostOptions(ArgC, ArgV, TAVRINE_DEFAULT_PROJECT, Error);
+	if (!Options)
+	{
+		if (!Error.empty())
+		{
+			std::fprintf(stderr, "tavrine: %s\n", Error.c_str());
+		}
+		std::fputs(GetHostUsage(), Error.empty() ? stdout : stderr);
+		return Error.empty() ? ExitOk : ExitBadUsage;
+	}
+	return RunHost(*Options);
+}
