@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# The main job: builds everything, starts the local backend with a scenario, and runs one prompt through
+# the Tavrine plugin on a project in the editor stand-in. Arguments go to the host (e.g. --prompt "...").
+set -euo pipefail
+ROOT="$(cd "$(dirname "$0")/.." && pwd)"
+BUILD_DIR="${BUILD_DIR:-$ROOT/build}"
+SCENARIO="${SCENARIO:-$ROOT/Samples/Scenarios/Demo.json}"
+PROJECT="${PROJECT:-$ROOT/Samples/SampleProject}"
+PORT="${PORT:-8443}"
+API_KEY="${API_KEY:-local-demo-key}"
+
+BUILD_DIR="$BUILD_DIR" "$ROOT/Scripts/build.sh" >/dev/null
+
+DEMO_DIR="$BUILD_DIR/demo"
+mkdir -p "$DEMO_DIR"
+"$BUILD_DIR/Tools/LocalBackend/tavrine-backend" --scenario "$SCENARIO" \
+	--cert "$DEMO_DIR/cert.pem" --key "$DEMO_DIR/key.pem" --port "$PORT" \
+	--api-key "$API_KEY" --record "$DEMO_DIR/requests.jsonl" >"$DEMO_DIR/backend.log" 2>&1 &
+BACKEND_PID=$!
+trap 'kill "$BACKEND_PID" 2>/dev/null || true; wait "$BACKEND_PID" 2>/dev/null || true' EXIT
+
+# The backend writes its certificate, then listens; wait for both.
+for _ in $(seq 1 100); do
+	if [ -s "$DEMO_DIR/cert.pem" ] && grep -q "Listening on" "$DEMO_DIR/backend.log" 2>/dev/null; then break; fi
+	if ! kill -0 "$BACKEND_PID" 2>/dev/null; then cat "$DEMO_DIR/backend.log" >&2; exit 1; fi
+	sleep 0.1
+done
+
+if [ "$#" -eq 0 ]; then
+	set -- --prompt "Add a greeting to the game module and tell me what you changed."
+fi
+"$BUILD_DIR/Host/tavrine" --project "$PROJECT" --ca-file "$DEMO_DIR/cert.pem" "$@"
