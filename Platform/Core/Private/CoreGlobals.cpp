@@ -3,7 +3,6 @@
 #include "Misc/OutputDeviceRedirector.h"
 
 FOutputDeviceRedirector* GLog = FOutputDeviceRedirector::Get();
-FConfigCacheIni* GConfig = nullptr;
 bool GIsEditor = true;
 bool GIsRunning = false;
 bool GIsRequestingExit = false;

@@ -5,6 +5,7 @@
 #include "CoreGlobals.h"
 #include "Containers/Array.h"
 #include "Containers/ContainersFwd.h"
+#include "Containers/EnumAsByte.h"
 #include "Containers/Map.h"
 #include "Containers/Set.h"
 #include "Containers/StringView.h"

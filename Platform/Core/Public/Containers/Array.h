@@ -177,13 +177,16 @@ public:
 		Storage.push_back(std::move(Item));
 		return Num() - 1;
 	}
+	// The index is taken first: adding may move the storage that GetData() points into.
 	ElementType& Add_GetRef(const ElementType& Item)
 	{
-		return GetData()[Add(Item)];
+		const SizeType Index = Add(Item);
+		return GetData()[Index];
 	}
 	ElementType& Add_GetRef(ElementType&& Item)
 	{
-		return GetData()[Add(std::move(Item))];
+		const SizeType Index = Add(std::move(Item));
+		return GetData()[Index];
 	}
 	template<typename... ArgsType>
 	SizeType Emplace(ArgsType&&... Args)
@@ -194,7 +197,8 @@ public:
 	template<typename... ArgsType>
 	ElementType& Emplace_GetRef(ArgsType&&... Args)
 	{
-		return GetData()[Emplace(std::forward<ArgsType>(Args)...)];
+		const SizeType Index = Emplace(std::forward<ArgsType>(Args)...);
+		return GetData()[Index];
 	}
 	template<typename... ArgsType>
 	void EmplaceAt(SizeType Index, ArgsType&&... Args)
@@ -220,7 +224,8 @@ public:
 	}
 	ElementType& AddDefaulted_GetRef()
 	{
-		return GetData()[AddDefaulted()];
+		const SizeType Index = AddDefaulted();
+		return GetData()[Index];
 	}
 	SizeType AddZeroed(SizeType Count = 1)
 	{
@@ -230,7 +235,8 @@ public:
 	}
 	ElementType& AddZeroed_GetRef()
 	{
-		return GetData()[AddZeroed()];
+		const SizeType Index = AddZeroed();
+		return GetData()[Index];
 	}
 	SizeType AddUninitialized(SizeType Count = 1)
 	{

@@ -80,6 +80,9 @@ public:
 	{
 		return Index;
 	}
+	// The name spelled for people: words split at case changes, '_' as spaces, a bool's leading 'b' dropped.
+	CORE_API static FString NameToDisplayString(const FString& InDisplayName, const bool bIsBool);
+
 	CORE_API bool IsEqual(const FName& Other, ENameCase CompareMethod = ENameCase::IgnoreCase, bool bCompareNumber = true) const;
 	// Lexical order, ignoring case.
 	CORE_API int32 Compare(const FName& Other) const;
