@@ -1,0 +1,26 @@
+#include "HttpStandInSettings.h"
+
+#include <cstdlib>
+
+namespace
+{
+	FString& ExtraCaFile()
+	{
+		static FString Path = []()
+		{
+			const char* FromEnvironment = std::getenv("TAVRINE_EXTRA_CA_FILE");
+			return FromEnvironment != nullptr ? FString(UTF8_TO_TCHAR(FromEnvironment)) : FString();
+		}();
+		return Path;
+	}
+}
+
+void FHttpStandInSettings::SetExtraCaFile(const FString& Path)
+{
+	ExtraCaFile() = Path;
+}
+
+FString FHttpStandInSettings::GetExtraCaFile()
+{
+	return ExtraCaFile();
+}
