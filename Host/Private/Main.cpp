@@ -8,6 +8,8 @@
 #include "Agent/Agent.h"
 #include "Agent/TavrineInterface.h"
 #include "CoreMinimal.h"
+#include "HttpManager.h"
+#include "HttpModule.h"
 #include "HttpStandInSettings.h"
 #include "Misc/OutputDeviceRedirector.h"
 #include "Misc/StandInEngineLoop.h"
@@ -32,10 +34,13 @@ namespace
 		ExitTimedOut = 3,
 	};
 
-	// A turn is over when the agent waits for the user, or is back in Idle.
-	bool IsSettled(EAgentState State)
+	// A turn is over when the agent waits for the user, or is back in Idle, and nothing is on the wire:
+	// after `finish` the agent already waits while its last result is still being posted.
+	bool IsSettled()
 	{
-		return State == EAgentState::Idle || State == EAgentState::AwaitingUpdate || State == EAgentState::AwaitingApproval || State == EAgentState::Pause;
+		const EAgentState State = FAgent::Get().GetState();
+		const bool bWaiting = State == EAgentState::Idle || State == EAgentState::AwaitingUpdate || State == EAgentState::AwaitingApproval || State == EAgentState::Pause;
+		return bWaiting && FHttpModule::Get().GetHttpManager().GetNumActiveRequests() == 0;
 	}
 
 	void PrintState()
@@ -151,7 +156,7 @@ namespace
 			if (!Options.Prompt.empty())
 			{
 				FTavrineInterface::Get().InitialRequest(UTF8_TO_TCHAR(Options.Prompt.c_str()));
-				const bool bSettled = FStandInEngineLoop::PumpUntil([]() { return IsSettled(FAgent::Get().GetState()); }, Options.TimeoutSeconds);
+				const bool bSettled = FStandInEngineLoop::PumpUntil([]() { return IsSettled(); }, Options.TimeoutSeconds);
 				if (!bSettled)
 				{
 					std::fprintf(stderr, "tavrine: no answer within %.0f seconds\n", Options.TimeoutSeconds);
@@ -177,7 +182,7 @@ namespace
 							return true;
 						}
 					}
-					return Input.IsFinished() && IsSettled(FAgent::Get().GetState());
+					return Input.IsFinished() && IsSettled();
 				}, 1.0e9);
 				ExitCode = ExitOk;
 			}

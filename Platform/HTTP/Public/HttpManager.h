@@ -38,6 +38,9 @@ public:
 	virtual void Flush(EHttpFlushReason FlushReason);
 	virtual bool Tick(float DeltaSeconds);
 
+	/** Stand-in only: the number of requests still in flight, so the host can tell when a turn has gone quiet. */
+	int32 GetNumActiveRequests() const { return Requests.Num(); }
+
 protected:
 	TArray<FHttpRequestRef> Requests;
 

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+DECLARE_MULTICAST_DELEGATE(FOnTavrineInitialized);
+DECLARE_MULTICAST_DELEGATE_OneParam(FOnTavrinePluginEnabledChanged, bool);
+DECLARE_MULTICAST_DELEGATE_FourParams(FOnTavrineAddStatusMessage, const FString& /*Text*/, const FLinearColor& /*Color*/, const FName& /*FontName*/, float /*FontSize*/);
+DECLARE_MULTICAST_DELEGATE_ThreeParams(FOnTavrineAddDiffMessage, const FString& /*FilePath*/, const FString& /*OldText*/, const FString& /*NewText*/);
+
+/**
+ * The chat window's one door to the agent: forwards the user's actions with their guards and carries
+ * status and diff messages back to whoever listens.
+ */
+class TAVRINE_API FTavrineInterface
+{
+public:
+	static const FLinearColor UserColor;
+	static const FLinearColor TavrineColor;
+	/** Fully transparent on purpose: the colour tints a message's background, and status lines get none. */
+	static const FLinearColor MessageColor;
+	static constexpr float UserFontSize = 10.0f;
+	static constexpr float TavrineFontSize = 10.0f;
+	static constexpr float MessageFontSize = 8.0f;
+	static const FName RegularFontName;
+	static const FName BoldFontName;
+	static const FName ItalicFontName;
+
+	static FTavrineInterface& Get();
+
+	FTavrineInterface(const FTavrineInterface&) = delete;
+	FTavrineInterface& operator=(const FTavrineInterface&) = delete;
+
+	FOnTavrineInitialized OnInitialized;
+	FOnTavrinePluginEnabledChanged OnPluginEnabledChanged;
+	FOnTavrineAddStatusMessage OnAddStatusMessageDelegate;
+	FOnTavrineAddDiffMessage OnAddDiffMessageDelegate;
+
+	void Initialize();
+	/** Cancels any conversation; called before the module goes away. */
+	void Shutdown();
+
+	bool IsInitialized() const { return bInitialized; }
+	bool IsPluginEnabled() const { return bPluginEnabled; }
+	void SetPluginEnabled(bool bEnabled) { bPluginEnabled = bEnabled; }
+	FString GetVersion() const;
+
+	/** Starts a conversation; ignored unless the agent is idle. */
+	void InitialRequest(const FString& Text);
+	/** Sends the next message of a conversation; ignored unless the agent awaits one. */
+	void RegularRequest(const FString& Text);
+	/** Resumes in any state: empty text runs the waiting tool calls, other text aborts them. */
+	void Continue(FString Text);
+	/** Ignored unless tool calls wait for approval. */
+	void Approve();
+	/** Takes effect when the next answer arrives: its tool calls wait. */
+	void PauseRequest();
+	void CancelRequest(const FString& Reason);
+	void EndRequest(const FString& Reason);
+
+	void OnAddStatusMessage(const FString& Text, const FLinearColor& Color, const FName& FontName, float FontSize);
+	void OnAddDiffMessage(const FString& FilePath, const FString& OldText, const FString& NewText);
+
+private:
+	FTavrineInterface() = default;
+
+	bool bInitialized = false;
+	bool bPluginEnabled = false;
+};
