@@ -1,0 +1,262 @@
+// Builds the reflected types from the tables of generated code (and of the hand-declared intrinsic classes).
+#include "UObject/CodeGenParams.h"
+#include "UObject/EnumProperty.h"
+#include "UObject/Package.h"
+#include "CoreUObjectLog.h"
+#include "ObjectConstruction.h"
+#include <vector>
+
+using namespace UE::CoreUObject::Private;
+
+namespace
+{
+	const EObjectFlags NativeFieldFlags = RF_Public | RF_MarkAsNative | RF_Transient;
+
+	FNumericProperty* NewIntegerProperty(FFieldVariant Owner, FName Name, uint32 Size, bool bSigned)
+	{
+		switch (Size)
+		{
+			case 1:
+				return bSigned ? static_cast<FNumericProperty*>(new FInt8Property(Owner, Name, NativeFieldFlags, 0, CPF_None)) : new FByteProperty(Owner, Name, NativeFieldFlags, 0, CPF_None);
+			case 2:
+				return bSigned ? static_cast<FNumericProperty*>(new FInt16Property(Owner, Name, NativeFieldFlags, 0, CPF_None)) : new FUInt16Property(Owner, Name, NativeFieldFlags, 0, CPF_None);
+			case 8:
+				return bSigned ? static_cast<FNumericProperty*>(new FInt64Property(Owner, Name, NativeFieldFlags, 0, CPF_None)) : new FUInt64Property(Owner, Name, NativeFieldFlags, 0, CPF_None);
+			default:
+				return bSigned ? static_cast<FNumericProperty*>(new FIntProperty(Owner, Name, NativeFieldFlags, 0, CPF_None)) : new FUInt32Property(Owner, Name, NativeFieldFlags, 0, CPF_None);
+		}
+	}
+
+	// A bitfield's place is found the engine's way: set the bit in a zeroed owner and look where it landed.
+	FBoolProperty* NewBitfieldProperty(FFieldVariant Owner, const UECodeGen_Private::FPropertyParams& Params, EPropertyFlags Flags)
+	{
+		std::vector<uint8> Scratch(Params.OwnerSize > 0 ? Params.OwnerSize : 1, 0);
+		Params.SetBitFunc(Scratch.data());
+		for (size_t Index = 0; Index < Scratch.size(); ++Index)
+		{
+			if (Scratch[Index] != 0)
+			{
+				return new FBoolProperty(Owner, FName(Params.Name), NativeFieldFlags, static_cast<int32>(Index), Flags, Scratch[Index], 1, false);
+			}
+		}
+		UE_LOG(LogClass, Error, TEXT("Bitfield %s sets no bit; it is left out"), Params.Name);
+		return nullptr;
+	}
+
+	FProperty* NewProperty(FFieldVariant Owner, const UECodeGen_Private::FPropertyParams& Params, EPropertyFlags ExtraFlags)
+	{
+		using UECodeGen_Private::EPropertyGenFlags;
+		const FName Name(Params.Name);
+		const EPropertyFlags Flags = Params.Flags | ExtraFlags;
+		FProperty* Property = nullptr;
+		switch (Params.Kind)
+		{
+			case EPropertyGenFlags::Byte:
+			{
+				FByteProperty* ByteProperty = new FByteProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags);
+				ByteProperty->Enum = Params.EnumFunc ? Params.EnumFunc() : nullptr;
+				Property = ByteProperty;
+				break;
+			}
+			case EPropertyGenFlags::Int8: Property = new FInt8Property(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::Int16: Property = new FInt16Property(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::Int: Property = new FIntProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::Int64: Property = new FInt64Property(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::UInt16: Property = new FUInt16Property(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::UInt32: Property = new FUInt32Property(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::UInt64: Property = new FUInt64Property(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::Float: Property = new FFloatProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::Double: Property = new FDoubleProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::Bool:
+				Property = Params.SetBitFunc ? static_cast<FProperty*>(NewBitfieldProperty(Owner, Params, Flags))
+											 : new FBoolProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, 0xff, Params.BoolSize > 0 ? Params.BoolSize : 1, true);
+				break;
+			case EPropertyGenFlags::Str: Property = new FStrProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::Name: Property = new FNameProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::Array:
+			{
+				FArrayProperty* ArrayProperty = new FArrayProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.ArrayOps);
+				if (Params.Inner != nullptr)
+				{
+					ArrayProperty->AddCppProperty(NewProperty(ArrayProperty, *Params.Inner, Flags & CPF_PropagateToArrayInner));
+				}
+				Property = ArrayProperty;
+				break;
+			}
+			case EPropertyGenFlags::Enum:
+			{
+				FEnumProperty* EnumProperty = new FEnumProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.EnumFunc ? Params.EnumFunc() : nullptr);
+				EnumProperty->AddCppProperty(NewIntegerProperty(EnumProperty, FName(TEXT("UnderlyingType")), Params.EnumUnderlyingSize, Params.bEnumUnderlyingSigned));
+				Property = EnumProperty;
+				break;
+			}
+			default:
+				UE_LOG(LogClass, Error, TEXT("Property %s has a kind this build doesn't know; it is left out"), Params.Name);
+				return nullptr;
+		}
+		if (Property == nullptr)
+		{
+			return nullptr;
+		}
+		Property->ArrayDim = Params.ArrayDim > 0 ? Params.ArrayDim : 1;
+		if (Params.RepNotifyFunc != nullptr)
+		{
+			Property->RepNotifyFunc = FName(Params.RepNotifyFunc);
+		}
+#if WITH_EDITORONLY_DATA
+		for (int32 Index = 0; Index < Params.NumMetaData; ++Index)
+		{
+			Property->SetMetaData(FName(Params.MetaData[Index].Key), Params.MetaData[Index].Value);
+		}
+#endif
+		return Property;
+	}
+
+	// Adds the properties in front of the struct's own, last first, so that they end up in declaration order.
+	void AddProperties(UStruct* Struct, const UECodeGen_Private::FPropertyParams* const* Properties, int32 NumProperties)
+	{
+		for (int32 Index = NumProperties - 1; Index >= 0; --Index)
+		{
+			if (FProperty* Property = NewProperty(Struct, *Properties[Index], CPF_None))
+			{
+				Struct->AddCppProperty(Property);
+			}
+		}
+	}
+
+	void AddMetaData(UField* Field, const UECodeGen_Private::FMetaDataPairParam* MetaData, int32 NumMetaData)
+	{
+#if WITH_EDITORONLY_DATA
+		for (int32 Index = 0; Index < NumMetaData; ++Index)
+		{
+			Field->UField::SetMetaData(FName(MetaData[Index].Key), MetaData[Index].Value);
+		}
+#endif
+	}
+
+	UFunction* NewFunction(UClass* Outer, const UECodeGen_Private::FFunctionParams& Params)
+	{
+		UFunction* Function = NewObject<UFunction>(Outer, UFunction::StaticClass(), FName(Params.Name), NativeFieldFlags);
+		if (Function == nullptr)
+		{
+			return nullptr;
+		}
+		Function->FunctionFlags = Params.FunctionFlags;
+		Function->SetPropertiesSize(static_cast<int32>(Params.ParmsSize));
+		AddProperties(Function, Params.Properties, Params.NumProperties);
+		AddMetaData(Function, Params.MetaData, Params.NumMetaData);
+		Function->StaticLink();
+		Outer->AddFunctionToFunctionMap(Function, Function->GetFName());
+		return Function;
+	}
+}
+
+namespace UECodeGen_Private
+{
+	void ConstructUClass(UClass*& OutClass, const FClassParams& Params)
+	{
+		if (OutClass != nullptr)
+		{
+			return;
+		}
+		// The class object is made before its own class may exist (the class of classes is one of them),
+		// so it gets its class, super class and package after it is known to its static pointer.
+		void* Memory = FObjectConstruction::AllocateObjectMemory(sizeof(UClass), alignof(UClass));
+		const EObjectFlags ClassObjectFlags = RF_Public | RF_Standalone | RF_Transient | RF_MarkAsNative | RF_MarkAsRootSet;
+		UClass* NewClass = static_cast<UClass*>(FObjectConstruction::Construct(Memory, nullptr, nullptr, FName(Params.Name), ClassObjectFlags, nullptr, &InternalConstructor<UClass>));
+		NewClass->SetPropertiesSize(static_cast<int32>(Params.Size));
+		NewClass->ClassFlags = Params.ClassFlags | CLASS_Native;
+		NewClass->ClassCastFlags = Params.CastFlags;
+		NewClass->ClassConstructor = Params.ClassConstructor;
+		NewClass->ClassConfigName = Params.ConfigName != nullptr ? FName(Params.ConfigName) : FName();
+		OutClass = NewClass;
+
+		FObjectBaseAccess::SetClass(NewClass, UClass::StaticClass());
+		UClass* SuperClass = Params.SuperClassFunc != nullptr ? Params.SuperClassFunc() : nullptr;
+		if (SuperClass == NewClass)
+		{
+			SuperClass = nullptr;
+		}
+		NewClass->SetSuperStruct(SuperClass);
+		if (SuperClass != nullptr)
+		{
+			NewClass->ClassFlags |= SuperClass->ClassFlags & CLASS_Inherit;
+			NewClass->ClassCastFlags |= SuperClass->ClassCastFlags;
+		}
+		NewClass->ClassWithin = Params.WithinClassFunc != nullptr ? Params.WithinClassFunc() : nullptr;
+		FObjectBaseAccess::Rename(NewClass, NewClass->GetFName(), CreatePackage(Params.PackageName));
+
+		AddProperties(NewClass, Params.Properties, Params.NumProperties);
+		TArray<UFunction*> Functions;
+		for (int32 Index = 0; Index < Params.NumFunctions; ++Index)
+		{
+			if (UFunction* Function = NewFunction(NewClass, *Params.Functions[Index]))
+			{
+				Functions.Add(Function);
+			}
+		}
+		for (int32 Index = Functions.Num() - 1; Index >= 0; --Index)
+		{
+			Functions[Index]->Next = NewClass->Children;
+			NewClass->Children = Functions[Index];
+		}
+		for (int32 Index = 0; Index < Params.NumInterfaces; ++Index)
+		{
+			FImplementedInterface Interface;
+			Interface.Class = Params.Interfaces[Index].ClassFunc();
+			Interface.PointerOffset = Params.Interfaces[Index].Offset;
+			Interface.bImplementedByK2 = Params.Interfaces[Index].bImplementedByK2;
+			NewClass->Interfaces.Add(Interface);
+		}
+		AddMetaData(NewClass, Params.MetaData, Params.NumMetaData);
+		NewClass->StaticLink();
+		NewClass->ClassFlags |= CLASS_Constructed;
+	}
+
+	void ConstructUScriptStruct(UScriptStruct*& OutStruct, const FStructParams& Params)
+	{
+		if (OutStruct != nullptr)
+		{
+			return;
+		}
+		UScriptStruct* NewStruct = NewObject<UScriptStruct>(CreatePackage(Params.PackageName), UScriptStruct::StaticClass(), FName(Params.Name), NativeFieldFlags);
+		OutStruct = NewStruct;
+		if (NewStruct == nullptr)
+		{
+			return;
+		}
+		if (Params.SuperFunc != nullptr)
+		{
+			NewStruct->SetSuperStruct(Params.SuperFunc());
+		}
+		if (Params.NewStructOps != nullptr)
+		{
+			NewStruct->SetCppStructOps(Params.NewStructOps());
+		}
+		AddProperties(NewStruct, Params.Properties, Params.NumProperties);
+		AddMetaData(NewStruct, Params.MetaData, Params.NumMetaData);
+		NewStruct->StaticLink();
+	}
+
+	void ConstructUEnum(UEnum*& OutEnum, const FEnumParams& Params)
+	{
+		if (OutEnum != nullptr)
+		{
+			return;
+		}
+		UEnum* NewEnum = NewObject<UEnum>(CreatePackage(Params.PackageName), UEnum::StaticClass(), FName(Params.Name), NativeFieldFlags);
+		OutEnum = NewEnum;
+		if (NewEnum == nullptr)
+		{
+			return;
+		}
+		TArray<TPair<FName, int64>> Names;
+		for (int32 Index = 0; Index < Params.NumEnumerators; ++Index)
+		{
+			Names.Add(TPair<FName, int64>(FName(Params.Enumerators[Index].Name), Params.Enumerators[Index].Value));
+		}
+		NewEnum->CppType = Params.CppType != nullptr ? FString(Params.CppType) : NewEnum->GetName();
+		NewEnum->SetEnums(Names, Params.CppForm, Params.EnumFlags, true);
+		AddMetaData(NewEnum, Params.MetaData, Params.NumMetaData);
+	}
+}

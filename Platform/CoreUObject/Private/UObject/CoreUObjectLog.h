@@ -1,0 +1,8 @@
+// Log categories of the object system's implementation.
+#pragma once
+
+#include "CoreMinimal.h"
+
+DECLARE_LOG_CATEGORY_EXTERN(LogObj, Log, All);
+DECLARE_LOG_CATEGORY_EXTERN(LogClass, Log, All);
+DECLARE_LOG_CATEGORY_EXTERN(LogProperty, Log, All);

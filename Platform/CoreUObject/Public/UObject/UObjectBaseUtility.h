@@ -1,0 +1,89 @@
+// Object helpers above the registry layer: flags, names and paths, outers, class tests.
+#pragma once
+
+#include "CoreMinimal.h"
+#include "UObject/UObjectBase.h"
+
+class COREUOBJECT_API UObjectBaseUtility : public UObjectBase
+{
+public:
+	UObjectBaseUtility() = default;
+
+	void SetFlags(EObjectFlags NewFlags)
+	{
+		SetFlagsTo(GetFlags() | NewFlags);
+	}
+	void ClearFlags(EObjectFlags FlagsToClear)
+	{
+		SetFlagsTo(GetFlags() & ~FlagsToClear);
+	}
+	bool HasAnyFlags(EObjectFlags FlagsToCheck) const
+	{
+		return (GetFlags() & FlagsToCheck) != 0;
+	}
+	bool HasAllFlags(EObjectFlags FlagsToCheck) const
+	{
+		return (GetFlags() & FlagsToCheck) == FlagsToCheck;
+	}
+	EObjectFlags GetMaskedFlags(EObjectFlags Mask = RF_AllFlags) const
+	{
+		return GetFlags() & Mask;
+	}
+
+	// Rooted objects survive garbage collection.
+	void AddToRoot()
+	{
+		SetRootedInternal(true);
+	}
+	void RemoveFromRoot()
+	{
+		SetRootedInternal(false);
+	}
+	bool IsRooted() const
+	{
+		return IsRootedInternal();
+	}
+
+	FString GetName() const
+	{
+		return GetFName().ToString();
+	}
+	void GetName(FString& ResultString) const
+	{
+		ResultString = GetName();
+	}
+	// The object's path: its outers' names and its own, "/Package/Path.Object:Subobject".
+	FString GetPathName(const UObject* StopOuter = nullptr) const;
+	void GetPathName(const UObject* StopOuter, FString& ResultString) const;
+	// The class name, a space, and the path name.
+	FString GetFullName(const UObject* StopOuter = nullptr) const;
+	// The path below the outermost package, with dots.
+	FString GetFullGroupName(bool bStartWithOuter) const;
+
+	UPackage* GetOutermost() const;
+	UPackage* GetPackage() const
+	{
+		return GetOutermost();
+	}
+	UObject* GetOutermostObject() const;
+	bool IsIn(const UObject* SomeOuter) const;
+	UObject* GetTypedOuter(UClass* Target) const;
+	template<typename T>
+	T* GetTypedOuter() const
+	{
+		return static_cast<T*>(GetTypedOuter(T::StaticClass()));
+	}
+
+	bool IsA(const UClass* SomeBase) const;
+	template<class T>
+	bool IsA() const
+	{
+		return IsA(T::StaticClass());
+	}
+
+	bool IsTemplate(EObjectFlags TemplateTypes = RF_ArchetypeObject | RF_ClassDefaultObject) const;
+	bool IsDefaultSubobject() const
+	{
+		return HasAnyFlags(RF_DefaultSubObject);
+	}
+};

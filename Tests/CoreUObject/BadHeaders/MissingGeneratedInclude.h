@@ -1,0 +1,9 @@
+#pragma once
+
+#include "UObject/Object.h"
+
+UCLASS()
+class UForgotInclude : public UObject
+{
+	GENERATED_BODY()
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "UObject/Object.h"
+#include "UnsupportedType.generated.h"
+
+UCLASS()
+class UPointing : public UObject
+{
+	GENERATED_BODY()
+	UPROPERTY()
+	UObject* Target;
+};
