@@ -2,8 +2,10 @@
 
 #include "API/HTTPAPI.h"
 #include "Agent/FileHistory.h"
+#include "Agent/FileUtils.h"
 #include "Agent/TavrineInterface.h"
 #include "Misc/Guid.h"
+#include "Misc/Paths.h"
 #include "TavrineSettings.h"
 #include "UObject/Class.h"
 
@@ -46,6 +48,9 @@ void FAgent::SetState(EAgentState NewState, const FAgentStateData* Data)
 	const FString Message = Data ? Data->Message : FString();
 	switch (NewState)
 	{
+	case EAgentState::Indexing:
+		EnterIndexing();
+		break;
 	case EAgentState::Idle:
 		EnterIdle();
 		break;
@@ -71,8 +76,7 @@ void FAgent::SetState(EAgentState NewState, const FAgentStateData* Data)
 		EnterEndRequest(Message);
 		break;
 	default:
-		// Indexing is entered by the project tree builder, which isn't part of this build yet; the
-		// other states only mark where the conversation stands.
+		// The other states only mark where the conversation stands.
 		break;
 	}
 
@@ -101,6 +105,15 @@ void FAgent::End(const FString& Reason)
 {
 	const FAgentStateData Data(Reason);
 	SetState(EAgentState::EndRequest, &Data);
+}
+
+void FAgent::EnterIndexing()
+{
+	// The tree is built in a later game-thread task; the agent is ready once it is done.
+	FFileUtils::GetSubDirectoryStructureAsJsonObjectAsync(FPaths::ProjectDir(), TDelegate<void(const FString&)>::CreateLambda([](const FString& Tree)
+	{
+		FAgent::Get().SetState(EAgentState::Idle);
+	}));
 }
 
 void FAgent::EnterIdle()
@@ -134,9 +147,9 @@ void FAgent::EnterContinue(const FString& Message)
 	SetPaused(false);
 	SetConfirmed(true);
 
-	// The waiting calls leave the list before they run, so that nothing they do can see them twice.
-	TArray<TSharedPtr<FJsonObject>> Waiting = MoveTemp(PendingToolUses);
-	PendingToolUses.Empty();
+	// The calls run from a copy, so a handler that changes the list can't disturb the loop; the list is
+	// emptied once they have all run.
+	const TArray<TSharedPtr<FJsonObject>> Waiting = PendingToolUses;
 
 	if (Message.IsEmpty())
 	{
@@ -155,6 +168,7 @@ void FAgent::EnterContinue(const FString& Message)
 			AbortToolUse(Block);
 		}
 	}
+	PendingToolUses.Empty();
 
 	const TSharedRef<FJsonObject> Body = MakeShared<FJsonObject>();
 	Body->SetStringField(TEXT("message"), Message);
