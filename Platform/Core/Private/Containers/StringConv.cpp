@@ -26,8 +26,11 @@ FTCHARToUTF8::FTCHARToUTF8(const TCHAR* Source)
 }
 
 FTCHARToUTF8::FTCHARToUTF8(const TCHAR* Source, int32 SourceLength)
-	: Converted(Source ? EncodeUtf8(Source, SourceLength) : std::string())
 {
+	if (Source)
+	{
+		Converted = EncodeUtf8(Source, SourceLength);
+	}
 }
 
 FUTF8ToTCHAR::FUTF8ToTCHAR(const ANSICHAR* Source)
@@ -36,8 +39,11 @@ FUTF8ToTCHAR::FUTF8ToTCHAR(const ANSICHAR* Source)
 }
 
 FUTF8ToTCHAR::FUTF8ToTCHAR(const ANSICHAR* Source, int32 SourceLength)
-	: Converted(Source ? DecodeUtf8(Source, SourceLength) : std::u16string())
 {
+	if (Source)
+	{
+		Converted = DecodeUtf8(Source, SourceLength);
+	}
 }
 
 FTCHARToANSI::FTCHARToANSI(const TCHAR* Source)

@@ -4,8 +4,22 @@
 #include "CoreTypes.h"
 #include <string>
 
+// Owns the converted text of one conversion, terminated, for as long as the converter lives.
+template<typename ToCharType>
+class TStringConversionResult
+{
+public:
+	int32 Length() const
+	{
+		return static_cast<int32>(Converted.size());
+	}
+
+protected:
+	std::basic_string<ToCharType> Converted;
+};
+
 // Encodes UTF-16 as UTF-8; an unpaired surrogate becomes U+FFFD.
-class FTCHARToUTF8
+class FTCHARToUTF8 : public TStringConversionResult<char>
 {
 public:
 	CORE_API explicit FTCHARToUTF8(const TCHAR* Source);
@@ -14,17 +28,10 @@ public:
 	{
 		return reinterpret_cast<const UTF8CHAR*>(Converted.c_str());
 	}
-	int32 Length() const
-	{
-		return static_cast<int32>(Converted.size());
-	}
-
-private:
-	std::string Converted;
 };
 
 // Decodes UTF-8 into UTF-16; invalid sequences become U+FFFD.
-class FUTF8ToTCHAR
+class FUTF8ToTCHAR : public TStringConversionResult<TCHAR>
 {
 public:
 	CORE_API explicit FUTF8ToTCHAR(const ANSICHAR* Source);
@@ -41,17 +48,10 @@ public:
 	{
 		return Converted.c_str();
 	}
-	int32 Length() const
-	{
-		return static_cast<int32>(Converted.size());
-	}
-
-private:
-	std::u16string Converted;
 };
 
 // Narrows to 8 bits; characters outside Latin-1 become '?', as the engine's ANSI conversion.
-class FTCHARToANSI
+class FTCHARToANSI : public TStringConversionResult<ANSICHAR>
 {
 public:
 	CORE_API explicit FTCHARToANSI(const TCHAR* Source);
@@ -60,16 +60,10 @@ public:
 	{
 		return Converted.c_str();
 	}
-	int32 Length() const
-	{
-		return static_cast<int32>(Converted.size());
-	}
-
-private:
-	std::string Converted;
 };
 
-class FANSIToTCHAR
+// Widens 8-bit text code unit by code unit (Latin-1).
+class FANSIToTCHAR : public TStringConversionResult<TCHAR>
 {
 public:
 	CORE_API explicit FANSIToTCHAR(const ANSICHAR* Source);
@@ -78,13 +72,6 @@ public:
 	{
 		return Converted.c_str();
 	}
-	int32 Length() const
-	{
-		return static_cast<int32>(Converted.size());
-	}
-
-private:
-	std::u16string Converted;
 };
 
 #define TCHAR_TO_UTF8(Str) ((ANSICHAR*)FTCHARToUTF8((const TCHAR*)(Str)).Get())
