@@ -2,10 +2,8 @@
 
 #include "API/HTTPAPI.h"
 #include "Agent/FileHistory.h"
-#include "Agent/FileUtils.h"
 #include "Agent/TavrineInterface.h"
 #include "Misc/Guid.h"
-#include "Misc/Paths.h"
 #include "TavrineSettings.h"
 #include "UObject/Class.h"
 
@@ -48,9 +46,6 @@ void FAgent::SetState(EAgentState NewState, const FAgentStateData* Data)
 	const FString Message = Data ? Data->Message : FString();
 	switch (NewState)
 	{
-	case EAgentState::Indexing:
-		EnterIndexing();
-		break;
 	case EAgentState::Idle:
 		EnterIdle();
 		break;
@@ -76,7 +71,8 @@ void FAgent::SetState(EAgentState NewState, const FAgentStateData* Data)
 		EnterEndRequest(Message);
 		break;
 	default:
-		// The other states only mark where the conversation stands.
+		// Indexing is entered by the project tree builder, which isn't part of this build yet; the
+		// other states only mark where the conversation stands.
 		break;
 	}
 
@@ -105,15 +101,6 @@ void FAgent::End(const FString& Reason)
 {
 	const FAgentStateData Data(Reason);
 	SetState(EAgentState::EndRequest, &Data);
-}
-
-void FAgent::EnterIndexing()
-{
-	// The tree is built in a later game-thread task; the agent is ready once it is done.
-	FFileUtils::GetSubDirectoryStructureAsJsonObjectAsync(FPaths::ProjectDir(), TDelegate<void(const FString&)>::CreateLambda([](const FString& Tree)
-	{
-		FAgent::Get().SetState(EAgentState::Idle);
-	}));
 }
 
 void FAgent::EnterIdle()
