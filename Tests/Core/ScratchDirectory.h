@@ -30,9 +30,8 @@ public:
 		{
 			std::filesystem::permissions(Entry.path(), std::filesystem::perms::owner_all, std::filesystem::perm_options::add, Error);
 		}
+		// The shared parent stays: tests run in parallel processes, and another may be creating its folder in it.
 		std::filesystem::remove_all(Root, Error);
-		// The shared parent goes too once the last test has left it.
-		std::filesystem::remove(Root.parent_path(), Error);
 	}
 
 	FScratchDirectory(const FScratchDirectory&) = delete;
