@@ -27,6 +27,6 @@ for _ in $(seq 1 100); do
 done
 
 if [ "$#" -eq 0 ]; then
-	set -- --prompt "Add a greeting to the game module and tell me what you changed."
+	set -- --prompt "Look at the project's files and tell me what you find."
 fi
 "$BUILD_DIR/Host/tavrine" --project "$PROJECT" --ca-file "$DEMO_DIR/cert.pem" "$@"
