@@ -10,7 +10,7 @@ namespace
 {
 	using UE::Core::Private::FPrintfArg;
 
-	struct FSpec
+	struct FFormatSpecifier
 	{
 		std::string Flags;
 		int32 Width = -1;
@@ -62,16 +62,16 @@ namespace
 	}
 
 	template<typename ValueType>
-	void AppendNumber(FString& Out, const FSpec& Spec, const char* Conversion, ValueType Value)
+	void AppendNumber(FString& Out, const FFormatSpecifier& Specifier, const char* Conversion, ValueType Value)
 	{
-		std::string Format = "%" + Spec.Flags;
-		if (Spec.Width >= 0)
+		std::string Format = "%" + Specifier.Flags;
+		if (Specifier.Width >= 0)
 		{
-			Format += std::to_string(Spec.Width);
+			Format += std::to_string(Specifier.Width);
 		}
-		if (Spec.Precision >= 0)
+		if (Specifier.Precision >= 0)
 		{
-			Format += "." + std::to_string(Spec.Precision);
+			Format += "." + std::to_string(Specifier.Precision);
 		}
 		Format += Conversion;
 		char Buffer[512];
@@ -86,25 +86,25 @@ namespace
 		AppendAscii(Out, Buffer, Length > 0 ? Length : 0);
 	}
 
-	void AppendPadded(FString& Out, const FSpec& Spec, const TCHAR* Text, int32 Length)
+	void AppendPadded(FString& Out, const FFormatSpecifier& Specifier, const TCHAR* Text, int32 Length)
 	{
-		if (Spec.Precision >= 0 && Length > Spec.Precision)
+		if (Specifier.Precision >= 0 && Length > Specifier.Precision)
 		{
-			Length = Spec.Precision;
+			Length = Specifier.Precision;
 		}
-		const int32 Padding = Spec.Width > Length ? Spec.Width - Length : 0;
-		if (!Spec.bLeftAlign)
+		const int32 Padding = Specifier.Width > Length ? Specifier.Width - Length : 0;
+		if (!Specifier.bLeftAlign)
 		{
 			Out += FString::ChrN(Padding, TEXT(' '));
 		}
 		Out.AppendChars(Text, Length);
-		if (Spec.bLeftAlign)
+		if (Specifier.bLeftAlign)
 		{
 			Out += FString::ChrN(Padding, TEXT(' '));
 		}
 	}
 
-	void AppendString(FString& Out, const FSpec& Spec, const FPrintfArg* Arg)
+	void AppendString(FString& Out, const FFormatSpecifier& Specifier, const FPrintfArg* Arg)
 	{
 		if (!Arg)
 		{
@@ -113,18 +113,18 @@ namespace
 		if (Arg->Kind == FPrintfArg::EKind::WideString)
 		{
 			const TCHAR* Text = Arg->WideString ? Arg->WideString : TEXT("(null)");
-			AppendPadded(Out, Spec, Text, FCString::Strlen(Text));
+			AppendPadded(Out, Specifier, Text, FCString::Strlen(Text));
 		}
 		else if (Arg->Kind == FPrintfArg::EKind::AnsiString)
 		{
 			// 8-bit text is taken as UTF-8, which covers ASCII and the literals of this code base.
 			const FUTF8ToTCHAR Converted(Arg->AnsiString ? Arg->AnsiString : "(null)");
-			AppendPadded(Out, Spec, Converted.Get(), Converted.Length());
+			AppendPadded(Out, Specifier, Converted.Get(), Converted.Length());
 		}
 		else
 		{
 			const FString Text = Arg->Kind == FPrintfArg::EKind::Float ? FString::SanitizeFloat(Arg->Float) : FString::Printf(TEXT("%lld"), AsSigned(*Arg));
-			AppendPadded(Out, Spec, *Text, Text.Len());
+			AppendPadded(Out, Specifier, *Text, Text.Len());
 		}
 	}
 }
@@ -161,21 +161,21 @@ namespace UE::Core::Private
 				continue;
 			}
 
-			FSpec Spec;
+			FFormatSpecifier Specifier;
 			for (; *Cursor == TEXT('-') || *Cursor == TEXT('+') || *Cursor == TEXT(' ') || *Cursor == TEXT('0') || *Cursor == TEXT('#'); ++Cursor)
 			{
-				Spec.Flags += static_cast<char>(*Cursor);
-				Spec.bLeftAlign |= *Cursor == TEXT('-');
+				Specifier.Flags += static_cast<char>(*Cursor);
+				Specifier.bLeftAlign |= *Cursor == TEXT('-');
 			}
 			if (*Cursor == TEXT('*'))
 			{
 				const FPrintfArg* WidthArg = TakeArg();
-				Spec.Width = WidthArg ? static_cast<int32>(AsSigned(*WidthArg)) : 0;
-				if (Spec.Width < 0)
+				Specifier.Width = WidthArg ? static_cast<int32>(AsSigned(*WidthArg)) : 0;
+				if (Specifier.Width < 0)
 				{
-					Spec.bLeftAlign = true;
-					Spec.Flags += '-';
-					Spec.Width = -Spec.Width;
+					Specifier.bLeftAlign = true;
+					Specifier.Flags += '-';
+					Specifier.Width = -Specifier.Width;
 				}
 				++Cursor;
 			}
@@ -183,24 +183,24 @@ namespace UE::Core::Private
 			{
 				for (; FChar::IsDigit(*Cursor); ++Cursor)
 				{
-					Spec.Width = (Spec.Width < 0 ? 0 : Spec.Width * 10) + (*Cursor - TEXT('0'));
+					Specifier.Width = (Specifier.Width < 0 ? 0 : Specifier.Width * 10) + (*Cursor - TEXT('0'));
 				}
 			}
 			if (*Cursor == TEXT('.'))
 			{
 				++Cursor;
-				Spec.Precision = 0;
+				Specifier.Precision = 0;
 				if (*Cursor == TEXT('*'))
 				{
 					const FPrintfArg* PrecisionArg = TakeArg();
-					Spec.Precision = PrecisionArg ? static_cast<int32>(AsSigned(*PrecisionArg)) : 0;
+					Specifier.Precision = PrecisionArg ? static_cast<int32>(AsSigned(*PrecisionArg)) : 0;
 					++Cursor;
 				}
 				else
 				{
 					for (; FChar::IsDigit(*Cursor); ++Cursor)
 					{
-						Spec.Precision = Spec.Precision * 10 + (*Cursor - TEXT('0'));
+						Specifier.Precision = Specifier.Precision * 10 + (*Cursor - TEXT('0'));
 					}
 				}
 			}
@@ -209,7 +209,7 @@ namespace UE::Core::Private
 			{
 				if (*Cursor == TEXT('h'))
 				{
-					Spec.bNarrowString = true;
+					Specifier.bNarrowString = true;
 				}
 				else if (*Cursor == TEXT('l') || *Cursor == TEXT('L') || *Cursor == TEXT('z') || *Cursor == TEXT('j') || *Cursor == TEXT('t') || *Cursor == TEXT('q'))
 				{
@@ -237,7 +237,7 @@ namespace UE::Core::Private
 			case TEXT('i'):
 				if (const FPrintfArg* Arg = TakeArg())
 				{
-					AppendNumber(Out, Spec, "lld", static_cast<long long>(AsSigned(*Arg)));
+					AppendNumber(Out, Specifier, "lld", static_cast<long long>(AsSigned(*Arg)));
 				}
 				break;
 			case TEXT('u'):
@@ -247,7 +247,7 @@ namespace UE::Core::Private
 				if (const FPrintfArg* Arg = TakeArg())
 				{
 					const char* Conv = Conversion == TEXT('u') ? "llu" : (Conversion == TEXT('x') ? "llx" : (Conversion == TEXT('X') ? "llX" : "llo"));
-					AppendNumber(Out, Spec, Conv, static_cast<unsigned long long>(AsUnsigned(*Arg)));
+					AppendNumber(Out, Specifier, Conv, static_cast<unsigned long long>(AsUnsigned(*Arg)));
 				}
 				break;
 			case TEXT('f'):
@@ -261,24 +261,24 @@ namespace UE::Core::Private
 				if (const FPrintfArg* Arg = TakeArg())
 				{
 					const char Conv[2] = {static_cast<char>(Conversion), '\0'};
-					AppendNumber(Out, Spec, Conv, AsDouble(*Arg));
+					AppendNumber(Out, Specifier, Conv, AsDouble(*Arg));
 				}
 				break;
 			case TEXT('c'):
 				if (const FPrintfArg* Arg = TakeArg())
 				{
 					const TCHAR Char = static_cast<TCHAR>(AsUnsigned(*Arg));
-					AppendPadded(Out, Spec, &Char, 1);
+					AppendPadded(Out, Specifier, &Char, 1);
 				}
 				break;
 			case TEXT('s'):
 			case TEXT('S'):
-				AppendString(Out, Spec, TakeArg());
+				AppendString(Out, Specifier, TakeArg());
 				break;
 			case TEXT('p'):
 				if (const FPrintfArg* Arg = TakeArg())
 				{
-					AppendNumber(Out, Spec, "p", Arg->Kind == FPrintfArg::EKind::Pointer ? Arg->Pointer : reinterpret_cast<const void*>(static_cast<UPTRINT>(AsUnsigned(*Arg))));
+					AppendNumber(Out, Specifier, "p", Arg->Kind == FPrintfArg::EKind::Pointer ? Arg->Pointer : reinterpret_cast<const void*>(static_cast<UPTRINT>(AsUnsigned(*Arg))));
 				}
 				break;
 			default:
