@@ -6,13 +6,15 @@
 const char* GetHostUsage()
 {
 	return "Usage: tavrine [--project DIR|FILE.uproject] [--prompt TEXT] [--interactive] [--ca-file PEM]\n"
-		   "               [--timeout SECONDS] [--verbose] [--no-color]\n"
+		   "               [--timeout SECONDS] [--verbose] [--no-color] [--source-control auto|git|none]\n"
 		   "Runs the Tavrine plugin in an editor stand-in on a project folder.\n"
 		   "  --prompt TEXT     send TEXT as the first message and print the conversation's turn\n"
 		   "  --interactive     read messages and commands from the terminal (default without --prompt)\n"
 		   "  --ca-file PEM     trust these certificates as well (a local backend's own certificate)\n"
 		   "  --timeout SECONDS give up on a turn after this long (default 600)\n"
 		   "  --verbose         print every engine log line, not only warnings and errors\n"
+		   "  --source-control  git: stage new files, unstage or stage deletions through git; none: no\n"
+		   "                    source control; auto (default): git when the project is a work tree's top\n"
 		   "Commands in interactive mode: plain text sends a message; /continue [TEXT], /approve, /pause,\n"
 		   "/cancel [REASON], /end [REASON], /state, /help, /quit.\n";
 }
@@ -69,6 +71,18 @@ std::optional<FHostOptions> ParseHostOptions(int ArgC, char** ArgV, const std::s
 			if (End == Value.c_str() || *End != '\0' || Options.TimeoutSeconds <= 0.0)
 			{
 				Error = "--timeout takes a positive number of seconds, not '" + Value + "'";
+				return std::nullopt;
+			}
+		}
+		else if (Arg == "--source-control")
+		{
+			if (!TakeValue(Options.SourceControl))
+			{
+				return std::nullopt;
+			}
+			if (Options.SourceControl != "auto" && Options.SourceControl != "git" && Options.SourceControl != "none")
+			{
+				Error = "--source-control takes auto, git or none, not '" + Options.SourceControl + "'";
 				return std::nullopt;
 			}
 		}

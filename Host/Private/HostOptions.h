@@ -9,6 +9,8 @@ struct FHostOptions
 	std::string ProjectPath;
 	std::string Prompt;
 	std::string CaFile;
+	// "auto", "git" or "none".
+	std::string SourceControl = "auto";
 	double TimeoutSeconds = 600.0;
 	bool bInteractive = false;
 	bool bVerbose = false;

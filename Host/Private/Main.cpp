@@ -3,6 +3,7 @@
 #include "ConsoleChat.h"
 #include "HostOptions.h"
 #include "HostProject.h"
+#include "HostSourceControl.h"
 #include "TerminalInput.h"
 
 #include "Agent/Agent.h"
@@ -143,6 +144,14 @@ namespace
 			FHttpStandInSettings::SetExtraCaFile(UTF8_TO_TCHAR(std::filesystem::absolute(Options.CaFile).string().c_str()));
 		}
 
+		// The editor loads the plugins that Tavrine depends on before Tavrine itself.
+		FModuleManager::Get().LoadModule(TEXT("PythonScriptPlugin"));
+		if (!SelectSourceControl(Options.SourceControl, ProjectDir, Error))
+		{
+			std::fprintf(stderr, "tavrine: %s\n", Error.c_str());
+			GLog->RemoveOutputDevice(&LogDevice);
+			return ExitBadUsage;
+		}
 		if (!FModuleManager::Get().LoadModule(TEXT("Tavrine")))
 		{
 			std::fprintf(stderr, "tavrine: the Tavrine module could not be loaded\n");

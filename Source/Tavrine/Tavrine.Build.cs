@@ -31,5 +31,14 @@ public class Tavrine : ModuleRules
 				"Projects"
 			}
 		);
+
+		// Found by name at run time for the compile and Python tools; only their interfaces are used here.
+		PrivateDependencyModuleNames.AddRange(new string[] { "LiveCoding", "HotReload", "PythonScriptPlugin" });
+
+		// Found by name at run time for the file tools' source-control steps.
+		PrivateDependencyModuleNames.Add("SourceControl");
+
+		// Found by name at run time for the asset lookups of the project tree, the reference search and the Blueprint tools.
+		PrivateDependencyModuleNames.Add("AssetRegistry");
 	}
 }

@@ -6,9 +6,9 @@ TEST_F(FAgentTest, DispatchAndToolResults)
 	FString Out;
 	Agent.RunTool(Out, TEXT("finish"), TEXT("id"), nullptr);
 	EXPECT_EQ(ToUtf8(Out), "Error: Invalid input");
-	// Tools whose handlers this build doesn't have answer as unknown, with the name as it came.
-	Agent.RunTool(Out, TEXT("Read_File"), TEXT("id"), MakeShared<FJsonObject>());
-	EXPECT_EQ(ToUtf8(Out), "Error: Unknown tool 'Read_File'");
+	// Unknown tools answer with the name as it came.
+	Agent.RunTool(Out, TEXT("Open_Portal"), TEXT("id"), MakeShared<FJsonObject>());
+	EXPECT_EQ(ToUtf8(Out), "Error: Unknown tool 'Open_Portal'");
 	EXPECT_EQ(Agent.GetState(), EAgentState::Idle);
 
 	const TCHAR* Blocks[] =

@@ -207,6 +207,52 @@ class FunctionTests(unittest.TestCase):
         self.assertIn("FUNC_Native | FUNC_BlueprintCallable | FUNC_Public | FUNC_Static | FUNC_HasOutParms", cpp)
 
 
+class PropertyKindTests(unittest.TestCase):
+    def kind(self, type_text):
+        return resolve_kind(only_property("\tUPROPERTY()\n\t%s Member;" % type_text).type, "Test.h", 1, "Member")
+
+    def test_references_structs_and_containers(self):
+        self.assertEqual((self.kind("AActor*").gen_flag, self.kind("AActor*").object_class), ("Object", "AActor"))
+        self.assertEqual(self.kind("UClass*").gen_flag, "Class")
+        sub = self.kind("TSubclassOf<UActorComponent>")
+        self.assertEqual((sub.gen_flag, sub.meta_class), ("Class", "UActorComponent"))
+        self.assertEqual(self.kind("TScriptInterface<IGreeter>").object_class, "UGreeter")
+        self.assertEqual(self.kind("TSoftClassPtr<UObject>").gen_flag, "SoftClass")
+        self.assertEqual(self.kind("FVector").struct_type, "FVector")
+        self.assertEqual(self.kind("FText").gen_flag, "Text")
+        pairs = self.kind("TMap<FName, TObjectPtr<UObject>>")
+        self.assertEqual((pairs.gen_flag, pairs.inner.gen_flag, pairs.value.gen_flag), ("Map", "Name", "Object"))
+        self.assertEqual(pairs.cpp_type, "TMap<FName, TObjectPtr<UObject>>")
+        for bad in ("FVector*", "TArray<TArray<int32>>", "TSet<FText>", "TWeakObjectPtr<FThing>"):
+            with self.assertRaises(HeaderError, msg=bad):
+                self.kind(bad)
+
+    def test_generated_code_reaches_the_types_it_names(self):
+        cpp = write_generated_cpp(parse("UCLASS()\nclass UThing : public UObject\n{\n\tGENERATED_BODY()\npublic:\n"
+                                        "\tUPROPERTY()\n\tTArray<TObjectPtr<UStaticMesh>> Meshes;\n"
+                                        "\tUPROPERTY()\n\tFTransform Where;\n"
+                                        "\tUFUNCTION()\n\tvoid Print(const FString& Text = TEXT(\"Hi\"), float Scale = 2.f, "
+                                        "FLinearColor Color = FLinearColor(1, 0, 0));\n};\n"))
+        self.assertIn("UClass* Z_Construct_UClass_UStaticMesh_NoRegister();", cpp)
+        self.assertIn("UScriptStruct* Z_Construct_UScriptStruct_FTransform();", cpp)
+        self.assertIn(".ArrayOps = &TScriptArrayOps<TObjectPtr<UStaticMesh>>::Ops", cpp)
+        self.assertIn('{ TEXT("CPP_Default_Text"), TEXT("Hi") }', cpp)
+        self.assertIn('{ TEXT("CPP_Default_Scale"), TEXT("2.000000") }', cpp)
+        self.assertIn('{ TEXT("CPP_Default_Color"), TEXT("(R=1.000000,G=0.000000,B=0.000000,A=1.000000)") }', cpp)
+        self.assertIn("UClass* Z_Construct_UClass_UThing_NoRegister()", cpp)
+
+    def test_noexport_structs_in_non_cpp_blocks(self):
+        model = parse("#if CPP\nstruct FHidden { int32 NotSeen; };\n#else\nUSTRUCT(immutable, noexport)\n"
+                      "struct FPoint\n{\n\tUPROPERTY()\n\tdouble X;\n};\n#endif\n"
+                      "#if !CPP\nUSTRUCT(noexport)\nstruct FSpot\n{\n\tUPROPERTY()\n\tfloat Y;\n};\n#endif\n")
+        self.assertEqual([c.name for c in model.classes], ["FPoint", "FSpot"])
+        cpp = write_generated_cpp(model)
+        self.assertIn("STRUCT_NoExport | STRUCT_Immutable | STRUCT_Atomic", cpp)
+        self.assertNotIn("FPoint::StaticStruct()", cpp)
+        self.assertIn("template<> UScriptStruct* StaticStruct<FPoint>()", cpp)
+        self.assertNotIn("GENERATED", write_generated_header(model, "Test.h").split("CURRENT_FILE_ID")[-1])
+
+
 class EnumTests(unittest.TestCase):
     def test_forms_values_and_metadata(self):
         model = parse("UENUM()\nenum class EMode : int8\n{\n\tA = -1 UMETA(DisplayName=\"Minus\"),\n\tB = (1 << 2),\n"

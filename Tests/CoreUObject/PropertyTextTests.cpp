@@ -11,10 +11,11 @@ namespace
 		return UReflectionTestSettings::StaticClass()->FindPropertyByName(FName(Name));
 	}
 
+	// The value itself as the comparison base writes it whatever it is, as the engine's callers do.
 	FString Export(UObject* Object, const TCHAR* Name, int32 PortFlags = PPF_None)
 	{
 		FString Text;
-		FindProperty(Name)->ExportText_InContainer(0, Text, Object, nullptr, Object, PortFlags);
+		FindProperty(Name)->ExportText_InContainer(0, Text, Object, Object, Object, PortFlags);
 		return Text;
 	}
 

@@ -4,6 +4,10 @@
 #include "CoreMinimal.h"
 #include "UObject/Object.h"
 #include "UObject/Interface.h"
+#include "UObject/ScriptInterface.h"
+#include "UObject/SoftObjectPtr.h"
+#include "UObject/WeakObjectPtrTemplates.h"
+#include "Templates/SubclassOf.h"
 #include "ReflectionTestTypes.generated.h"
 
 /** How a test object answers. */
@@ -213,4 +217,156 @@ public:
 
 	// The defaults as the constructor saw them.
 	const UReflectionTestPerObject* DefaultsSeenByConstructor = nullptr;
+};
+
+// A struct that isn't atomic: its text form lists only the members that differ.
+USTRUCT(BlueprintType)
+struct FReflectionTestInnerStruct
+{
+	GENERATED_BODY()
+
+	UPROPERTY()
+	int32 Number = 0;
+
+	UPROPERTY()
+	FString Word;
+
+	UPROPERTY()
+	TObjectPtr<UObject> Reference;
+
+	bool operator==(const FReflectionTestInnerStruct& Other) const
+	{
+		return Number == Other.Number && Word.Equals(Other.Word, ESearchCase::CaseSensitive) && Reference == Other.Reference;
+	}
+};
+
+// One property of every kind reflection knows, for the text forms, saving and garbage collection.
+UCLASS()
+class UReflectionTestAllKinds : public UObject
+{
+	GENERATED_BODY()
+
+public:
+	UPROPERTY(EditAnywhere, BlueprintReadWrite, Category = "Kinds")
+	bool bFlag = false;
+
+	UPROPERTY()
+	uint8 Byte = 0;
+
+	UPROPERTY()
+	int32 Int = 0;
+
+	UPROPERTY()
+	int64 Long = 0;
+
+	UPROPERTY()
+	float Float = 0.0f;
+
+	UPROPERTY()
+	double Double = 0.0;
+
+	UPROPERTY()
+	FName Name;
+
+	UPROPERTY()
+	FString String;
+
+	UPROPERTY()
+	FText Text;
+
+	UPROPERTY()
+	ETestAnswerMode Enum = ETestAnswerMode::Quiet;
+
+	UPROPERTY()
+	TEnumAsByte<ETestLegacyColor> ByteEnum = TLC_Red;
+
+	UPROPERTY()
+	FVector Vector;
+
+	UPROPERTY()
+	FRotator Rotator;
+
+	UPROPERTY()
+	FTransform Transform;
+
+	UPROPERTY()
+	FLinearColor Color;
+
+	UPROPERTY()
+	FReflectionTestInnerStruct Inner;
+
+	UPROPERTY()
+	TObjectPtr<UObject> Object;
+
+	UPROPERTY()
+	UReflectionTestChild* RawPointer = nullptr;
+
+	UPROPERTY()
+	TWeakObjectPtr<UObject> Weak;
+
+	UPROPERTY()
+	TSoftObjectPtr<UObject> Soft;
+
+	UPROPERTY()
+	TSubclassOf<UReflectionTestSettings> Class;
+
+	UPROPERTY()
+	TSoftClassPtr<UObject> SoftClass;
+
+	UPROPERTY()
+	TScriptInterface<IReflectionTestGreeter> Greeter;
+
+	UPROPERTY()
+	TArray<FVector> Points;
+
+	UPROPERTY()
+	TArray<TObjectPtr<UObject>> Objects;
+
+	UPROPERTY()
+	TSet<FName> Tags;
+
+	UPROPERTY()
+	TMap<FString, int32> Counts;
+
+	UPROPERTY()
+	TMap<FName, TObjectPtr<UObject>> Named;
+
+	UPROPERTY(Transient)
+	int32 TransientValue = 0;
+
+	/** Scales a vector. */
+	UFUNCTION(BlueprintCallable, Category = "Kinds")
+	FVector ScaleVector(const FVector& Value, float Factor = 2.f) const;
+
+	UFUNCTION(BlueprintCallable, Category = "Kinds")
+	UObject* PickObject(UReflectionTestChild* Preferred, TSubclassOf<UObject> Fallback);
+};
+
+// Makes a subobject in its constructor, as actors make their components.
+UCLASS()
+class UReflectionTestOwner : public UObject
+{
+	GENERATED_BODY()
+
+public:
+	UReflectionTestOwner(const FObjectInitializer& ObjectInitializer);
+
+	UPROPERTY()
+	TObjectPtr<UReflectionTestChild> Part;
+
+	UPROPERTY()
+	TArray<TObjectPtr<UObject>> Extras;
+};
+
+// Keeps state outside its reflected properties and writes it as custom property lines.
+UCLASS()
+class UReflectionTestCustom : public UObject
+{
+	GENERATED_BODY()
+
+public:
+	virtual void ExportCustomProperties(FOutputDevice& Out, uint32 Indent) override;
+	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn) override;
+
+	TArray<FString> Notes;
 };

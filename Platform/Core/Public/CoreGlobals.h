@@ -5,10 +5,15 @@
 
 class FOutputDeviceRedirector;
 class FConfigCacheIni;
+class FOutputDeviceError;
+class FFeedbackContext;
 
 extern CORE_API FOutputDeviceRedirector* GLog;
 extern CORE_API FConfigCacheIni* GConfig;
 extern CORE_API bool GIsEditor;
+// Where errors and warnings for the user go; never null.
+extern CORE_API FOutputDeviceError* GError;
+extern CORE_API FFeedbackContext* GWarn;
 extern CORE_API bool GIsRunning;
 extern CORE_API bool GIsRequestingExit;
 

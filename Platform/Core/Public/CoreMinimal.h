@@ -33,3 +33,8 @@
 #if __has_include("Math/Vector.h")
 #include "Math/Vector.h"
 #endif
+#if __has_include("Math/Rotator.h")
+#include "Math/Rotator.h"
+#include "Math/Quat.h"
+#include "Math/Transform.h"
+#endif

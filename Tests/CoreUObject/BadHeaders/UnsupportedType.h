@@ -8,5 +8,5 @@ class UPointing : public UObject
 {
 	GENERATED_BODY()
 	UPROPERTY()
-	UObject* Target;
+	FVector* Target;
 };

@@ -21,6 +21,80 @@ def _flags(names, none):
     return " | ".join(names) if names else none
 
 
+def is_noexport(decl):
+    return any(s.key.lower() == "noexport" for s in decl.specifiers)
+
+
+def struct_flags(decl):
+    flags = []
+    keys = [s.key.lower() for s in decl.specifiers]
+    if "noexport" in keys:
+        flags.append("STRUCT_NoExport")
+    if "immutable" in keys:
+        flags += ["STRUCT_Immutable", "STRUCT_Atomic"]
+    elif "atomic" in keys:
+        flags.append("STRUCT_Atomic")
+    return flags
+
+
+def _strip_call(text, names):
+    """The argument text of NAME(...) for one of the names, or None."""
+    for name in names:
+        if text.startswith(name + "(") and text.endswith(")"):
+            return text[len(name) + 1:-1].strip()
+    return None
+
+
+def _unquote_literal(text):
+    """The value of a (TEXT-wrapped) string literal, or None."""
+    inner = _strip_call(text, ("TEXT",))
+    if inner is not None:
+        text = inner
+    if len(text) >= 2 and text[0] == '"' and text[-1] == '"':
+        return text[1:-1].replace('\\"', '"').replace("\\\\", "\\")
+    return None
+
+
+def _number_text(text):
+    try:
+        return "%f" % float(text.rstrip("fF"))
+    except ValueError:
+        return None
+
+
+def default_value_text(default, kind):
+    """A C++ default argument as the engine's header tool records it for the Blueprint editor
+    (CPP_Default_ metadata): strings unquoted, floats as %f, NAME_None as None, colors and vectors as text."""
+    text = default.strip()
+    if text in ("nullptr", "NULL", "NAME_None"):
+        return "None"
+    for wrapper in ("FString", "FName", "FText::FromString", "INVTEXT"):
+        inner = _strip_call(text, (wrapper,))
+        if inner is not None:
+            text = inner
+            break
+    literal = _unquote_literal(text)
+    if literal is not None:
+        return literal
+    if text in ("true", "false"):
+        return text
+    if kind is not None and kind.gen_flag in ("Float", "Double"):
+        number = _number_text(text)
+        if number is not None:
+            return number
+    if kind is not None and kind.gen_flag == "Struct":
+        arguments = _strip_call(text, (kind.struct_type,))
+        if arguments is not None:
+            numbers = [_number_text(part.strip()) for part in arguments.split(",") if part.strip()]
+            if all(number is not None for number in numbers):
+                if kind.struct_type == "FLinearColor" and len(numbers) in (3, 4):
+                    numbers = numbers + ["1.000000"] * (4 - len(numbers))
+                    return "(R=%s,G=%s,B=%s,A=%s)" % tuple(numbers)
+                if kind.struct_type in ("FVector", "FRotator") and len(numbers) == 3:
+                    return ",".join(numbers)
+    return text
+
+
 class _Guard:
     """Wraps emitted lines in the preprocessor condition the declaration sat under."""
 
@@ -43,6 +117,8 @@ class CppWriter:
         self.file_name = model.file_name
         self.enums_by_name = {enum.name: enum for enum in model.enums}
         self.out = []
+        self.referenced_classes = set()
+        self.referenced_structs = set()
 
     def emit(self, line=""):
         self.out.append(line)
@@ -85,6 +161,23 @@ class CppWriter:
             inner_fields = self.emit_property(indent, variable + "_Inner", owner, prop_name, kind.inner, [], [], "0",
                                               "1")
             fields += [".Inner = &%s" % inner_fields, ".ArrayOps = &TScriptArrayOps<%s>::Ops" % kind.inner.cpp_type]
+        if kind.gen_flag == "Set":
+            inner_fields = self.emit_property(indent, variable + "_Inner", owner, prop_name, kind.inner, [], [], "0",
+                                              "1")
+            fields += [".Inner = &%s" % inner_fields, ".SetOps = &TScriptSetOps<%s>::Ops" % kind.inner.cpp_type]
+        if kind.gen_flag == "Map":
+            key_fields = self.emit_property(indent, variable + "_Key", owner, prop_name + "_Key", kind.inner, [], [],
+                                            "0", "1")
+            value_fields = self.emit_property(indent, variable + "_Value", owner, prop_name, kind.value, [], [], "0",
+                                              "1")
+            fields += [".Inner = &%s" % key_fields, ".ValueInner = &%s" % value_fields,
+                       ".MapOps = &TScriptMapOps<%s, %s>::Ops" % (kind.inner.cpp_type, kind.value.cpp_type)]
+        if kind.object_class:
+            fields.append(".ClassFunc = &%s" % self.class_function(kind.object_class))
+        if kind.meta_class:
+            fields.append(".MetaClassFunc = &%s" % self.class_function(kind.meta_class))
+        if kind.struct_type:
+            fields.append(".StructFunc = &%s" % self.struct_function(kind.struct_type))
         if rep_notify:
             fields.append(".RepNotifyFunc = %s" % cpp_string(rep_notify))
         fields += self.emit_metadata(indent, variable + "_MetaData", metadata)
@@ -93,6 +186,14 @@ class CppWriter:
             self.emit("%s\t%s," % (indent, field))
         self.emit("%s};" % indent)
         return variable
+
+    def class_function(self, class_name):
+        self.referenced_classes.add(class_name)
+        return "Z_Construct_UClass_%s_NoRegister" % class_name
+
+    def struct_function(self, struct_name):
+        self.referenced_structs.add(struct_name)
+        return "Z_Construct_UScriptStruct_%s" % struct_name
 
     def member_property(self, indent, owner_decl, prop):
         kind = resolve_kind(prop.type, self.file_name, prop.line, "UPROPERTY '%s'" % prop.name,
@@ -153,10 +254,10 @@ class CppWriter:
                 param_flags.append("CPF_OutParm")
                 if any(s.key.lower() == "ref" for s in parameter.specifiers):
                     param_flags.append("CPF_ReferenceParm")
-            elif parameter.type.is_const and parameter.type.is_pointer:
+            elif parameter.type.is_const:
                 param_flags.append("CPF_ConstParm")
             if parameter.default:
-                metadata.append(("CPP_Default_" + parameter.name, parameter.default))
+                metadata.append(("CPP_Default_" + parameter.name, default_value_text(parameter.default, kind)))
                 if "FUNC_HasDefaults" not in flags:
                     flags.append("FUNC_HasDefaults")
             members.append((parameter.name, kind, param_flags + ["CPF_NativeAccessSpecifierPublic"]))
@@ -225,6 +326,8 @@ class CppWriter:
                   ".ClassConstructor = &InternalConstructor<%s>" % decl.name,
                   ".SuperClassFunc = &%s::Super::StaticClass" % decl.name,
                   ".WithinClassFunc = &%s::WithinClass::StaticClass" % decl.name]
+        if decl.kind == "class":
+            fields.append(".AddReferencedObjects = &%s::AddReferencedObjects" % decl.name)
         fields += self.emit_property_table(indent, decl)
         function_names = []
         for function in decl.functions:
@@ -254,6 +357,11 @@ class CppWriter:
         self.emit("UClass* %s::GetPrivateStaticClass()" % decl.name)
         self.emit("{")
         self.emit("\treturn %s::Construct();" % statics)
+        self.emit("}")
+        self.emit("")
+        self.emit("UClass* Z_Construct_UClass_%s_NoRegister()" % decl.name)
+        self.emit("{")
+        self.emit("\treturn %s::StaticClass();" % decl.name)
         self.emit("}")
         self.emit("")
         self.emit("template<> UClass* StaticClass<%s>()" % decl.name)
@@ -297,9 +405,10 @@ class CppWriter:
         self.emit("\t}")
         fields = [".Name = %s" % cpp_string(decl.name[1:]),
                   ".PackageName = %s" % cpp_string("/Script/" + self.model.module),
+                  ".StructFlags = EStructFlags(%s)" % _flags(struct_flags(decl), "STRUCT_NoFlags"),
                   ".NewStructOps = &NewCppStructOps<%s>" % decl.name]
         if decl.super_name:
-            fields.append(".SuperFunc = &StaticStruct<%s>" % decl.super_name)
+            fields.append(".SuperFunc = &%s" % self.struct_function(decl.super_name))
         fields += self.emit_property_table("\t", decl)
         metadata = finish_metadata(metadata, decl.comment, self.model.module_relative_path)
         fields += self.emit_metadata("\t", "Struct_MetaData", metadata)
@@ -311,14 +420,20 @@ class CppWriter:
         self.emit("\treturn Struct;")
         self.emit("}")
         self.emit("")
-        self.emit("UScriptStruct* %s::StaticStruct()" % decl.name)
+        if not is_noexport(decl):
+            self.emit("UScriptStruct* %s::StaticStruct()" % decl.name)
+            self.emit("{")
+            self.emit("\treturn %s::Construct();" % statics)
+            self.emit("}")
+            self.emit("")
+        self.emit("template<> UScriptStruct* StaticStruct<%s>()" % decl.name)
         self.emit("{")
         self.emit("\treturn %s::Construct();" % statics)
         self.emit("}")
         self.emit("")
-        self.emit("template<> UScriptStruct* StaticStruct<%s>()" % decl.name)
+        self.emit("UScriptStruct* Z_Construct_UScriptStruct_%s()" % decl.name)
         self.emit("{")
-        self.emit("\treturn %s::StaticStruct();" % decl.name)
+        self.emit("\treturn %s::Construct();" % statics)
         self.emit("}")
         self.emit("")
 
@@ -392,7 +507,7 @@ class CppWriter:
             elif decl.kind == "struct":
                 self.write_struct(decl)
         registrations = ["\tStaticEnum<%s>();" % enum_cpp_type(enum) for enum in model.enums]
-        registrations += ["\t%s::StaticStruct();" % d.name for d in model.classes if d.kind == "struct"]
+        registrations += ["\tStaticStruct<%s>();" % d.name for d in model.classes if d.kind == "struct"]
         registrations += ["\t%s::StaticClass();" % d.name for d in model.classes if d.kind in ("class", "interface")]
         self.emit("// Makes the types findable by name before anything asked for them, as the engine does at start.")
         self.emit("static void Z_RegisterCompiledIn_%s()" % model.file_id)
@@ -402,6 +517,12 @@ class CppWriter:
         self.emit("}")
         self.emit("static FRegisterCompiledInInfo Z_CompiledInDeferFile_%s(&Z_RegisterCompiledIn_%s);"
                   % (model.file_id, model.file_id))
+        declarations = ["// The types this file refers to, wherever they are reflected."]
+        declarations += ["UClass* Z_Construct_UClass_%s_NoRegister();" % name for name in sorted(self.referenced_classes)]
+        declarations += ["UScriptStruct* Z_Construct_UScriptStruct_%s();" % name
+                         for name in sorted(self.referenced_structs)]
+        insert_at = self.out.index("using namespace UECodeGen_Private;") + 2
+        self.out[insert_at:insert_at] = declarations + [""]
         return "\n".join(self.out) + "\n"
 
 

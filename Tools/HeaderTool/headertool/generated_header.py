@@ -13,14 +13,22 @@ def _api(decl):
     return decl.api_macro if decl.api_macro else "NO_API"
 
 
+# The engine classes that casts test by flag, as the engine's header tool knows them.
+CAST_FLAGS = {"AActor": "CASTCLASS_AActor", "APawn": "CASTCLASS_APawn", "APlayerController": "CASTCLASS_APlayerController",
+              "ULevel": "CASTCLASS_ULevel", "USceneComponent": "CASTCLASS_USceneComponent",
+              "UPrimitiveComponent": "CASTCLASS_UPrimitiveComponent", "UStaticMeshComponent": "CASTCLASS_UStaticMeshComponent",
+              "USkinnedMeshComponent": "CASTCLASS_USkinnedMeshComponent",
+              "USkeletalMeshComponent": "CASTCLASS_USkeletalMeshComponent", "UBlueprint": "CASTCLASS_UBlueprint"}
+
+
 def _class_body(model, decl, file_name):
     flags, config_name, within, _ = class_flags(decl, file_name)
     api = _api(decl)
     flag_text = " | ".join(["0"] + flags)
     legacy = decl.body_macro in ("GENERATED_UCLASS_BODY", "GENERATED_UINTERFACE_BODY")
     lines = ["public:",
-             "\tDECLARE_CLASS(%s, %s, COMPILED_IN_FLAGS(%s), CASTCLASS_None, TEXT(\"/Script/%s\"), %s)"
-             % (decl.name, decl.super_name, flag_text, model.module, api)]
+             "\tDECLARE_CLASS(%s, %s, COMPILED_IN_FLAGS(%s), %s, TEXT(\"/Script/%s\"), %s)"
+             % (decl.name, decl.super_name, flag_text, CAST_FLAGS.get(decl.name, "CASTCLASS_None"), model.module, api)]
     if config_name:
         lines.append("\tstatic const TCHAR* StaticConfigName() { return TEXT(\"%s\"); }" % config_name)
     if within:
@@ -108,6 +116,12 @@ def write_generated_header(model, source_name):
            "#define CURRENT_FILE_ID %s" % model.file_id,
            ""]
     for decl in model.classes:
+        if not decl.body_macro:
+            # A noexport struct: the type is declared elsewhere, only its reflection is made here.
+            out.append("// %s" % decl.name)
+            out.append("template<> %s UScriptStruct* StaticStruct<%s>();" % (api, decl.name))
+            out.append("")
+            continue
         macro_name = "%s_%d_%s" % (model.file_id, decl.body_line, decl.body_macro)
         if decl.kind in ("class", "interface"):
             body = _class_body(model, decl, model.file_name)

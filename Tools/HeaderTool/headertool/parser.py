@@ -446,7 +446,8 @@ class HeaderParser:
             statement_start = False
             cursor.index += 1
         cursor.accept_punct(";")
-        if not decl.body_macro:
+        noexport = decl.kind == "struct" and any(s.key.lower() == "noexport" for s in decl.specifiers)
+        if not decl.body_macro and not noexport:
             self.error("'%s' has no GENERATED_BODY()" % decl.name)
 
     def read_body_macro(self, decl, token):

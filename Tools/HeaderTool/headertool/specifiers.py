@@ -92,6 +92,8 @@ FUNCTION_FLAG_SPECIFIERS = {
     "withvalidation": ["FUNC_NetValidate"],
     "callineditor": [],
     "sealedevent": [],
+    "blueprintgetter": ["FUNC_BlueprintCallable", "FUNC_BlueprintPure"],
+    "blueprintsetter": ["FUNC_BlueprintCallable"],
 }
 
 STRUCT_NEUTRAL_SPECIFIERS = {"atomic", "immutable", "noexport", "blueprintinternaluseonlyhierarchical"}

@@ -8,6 +8,10 @@ from .errors import HeaderError
 
 # Conditions that may wrap reflected members; their code is generated under the same guard.
 KNOWN_CONDITIONS = ("WITH_EDITORONLY_DATA", "WITH_EDITOR")
+# "#if CPP" is C++ only and skipped, as the engine's header tool does; "#if !CPP" is read (its #else skipped).
+SKIPPED = "<skipped>"
+CPP_ONLY = ("CPP", "CPP == 1")
+NOT_CPP = ("!CPP", "CPP == 0")
 
 PUNCTUATORS = ("::", "->", "...", "<<=", ">>=", "&&", "||", "==", "!=", "<=", ">=", "++", "--",
                "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=")
@@ -61,7 +65,10 @@ class _Scanner:
         return self.text[index] if index < len(self.text) else ""
 
     def active_conditions(self):
-        return tuple(c for c in self.condition_stack if c)
+        return tuple(c for c in self.condition_stack if c and c not in (SKIPPED, "!" + SKIPPED))
+
+    def skipping(self):
+        return SKIPPED in self.condition_stack
 
     def run(self):
         text = self.text
@@ -103,6 +110,9 @@ class _Scanner:
         return self.result
 
     def add(self, kind, text, line):
+        if self.skipping():
+            self.pending_comment = ""
+            return
         self.result.tokens.append(Token(kind, text, line, self.pending_comment, self.active_conditions()))
         self.pending_comment = ""
         self.pending_comment_is_line = False
@@ -227,11 +237,22 @@ class _Scanner:
         keyword, _, rest = directive.partition(" ")
         rest = rest.strip()
         if keyword in ("if", "ifdef", "ifndef"):
-            self.condition_stack.append(rest if keyword == "if" and rest in KNOWN_CONDITIONS else None)
+            if keyword == "if" and rest in CPP_ONLY:
+                self.condition_stack.append(SKIPPED)
+            elif keyword == "if" and rest in NOT_CPP:
+                self.condition_stack.append("!" + SKIPPED)
+            else:
+                self.condition_stack.append(rest if keyword == "if" and rest in KNOWN_CONDITIONS else None)
         elif keyword in ("elif", "else"):
             if not self.condition_stack:
                 self.error("#%s without #if" % keyword, line)
-            self.condition_stack[-1] = None
+            top = self.condition_stack[-1]
+            if top == SKIPPED and keyword == "else":
+                self.condition_stack[-1] = "!" + SKIPPED
+            elif top == "!" + SKIPPED:
+                self.condition_stack[-1] = SKIPPED
+            else:
+                self.condition_stack[-1] = None
         elif keyword == "endif":
             if not self.condition_stack:
                 self.error("#endif without #if", line)

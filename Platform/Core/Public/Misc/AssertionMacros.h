@@ -60,3 +60,9 @@ namespace UE::Core::Private
 #define ensureMsgf(expr, format, ...) UE_ENSURE_IMPL(false, expr, ::UE::Core::Private::FormatAssertMessage(format, ##__VA_ARGS__))
 #define ensureAlways(expr) UE_ENSURE_IMPL(true, expr, nullptr)
 #define ensureAlwaysMsgf(expr, format, ...) UE_ENSURE_IMPL(true, expr, ::UE::Core::Private::FormatAssertMessage(format, ##__VA_ARGS__))
+
+// A member's name as an FName, checked by the compiler: a renamed member breaks the build, not the lookup.
+#define GET_MEMBER_NAME_CHECKED(ClassName, MemberName) \
+	((void)sizeof(decltype(((ClassName*)nullptr)->MemberName)), FName(TEXT(#MemberName)))
+#define GET_MEMBER_NAME_STRING_CHECKED(ClassName, MemberName) \
+	((void)sizeof(decltype(((ClassName*)nullptr)->MemberName)), TEXT(#MemberName))

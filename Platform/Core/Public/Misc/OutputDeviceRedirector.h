@@ -26,3 +26,9 @@ private:
 	mutable std::recursive_mutex Mutex;
 	TArray<FOutputDevice*> OutputDevices;
 };
+
+/** The global log, which GLog names too; never null. */
+inline FOutputDeviceRedirector* GetGlobalLogSingleton()
+{
+	return FOutputDeviceRedirector::Get();
+}

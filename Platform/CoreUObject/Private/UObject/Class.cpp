@@ -1,6 +1,9 @@
 #include "UObject/Class.h"
+#include "Templates/Casts.h"
 #include "UObject/UnrealType.h"
+#include "UObject/EnumProperty.h"
 #include "Misc/CString.h"
+#include "Misc/PackageName.h"
 #include "CoreUObjectLog.h"
 
 namespace
@@ -185,6 +188,28 @@ void UStruct::AddCppProperty(FProperty* Property)
 
 void UStruct::Link(bool bRelinkExistingProperties)
 {
+	if (bRelinkExistingProperties)
+	{
+		// Properties made at run time get their places here: after the super struct's (a function's
+		// parameters start at zero), each aligned as its type needs.
+		const bool bIsFunction = IsA(UFunction::StaticClass());
+		int32 Size = (SuperStruct != nullptr && !bIsFunction) ? SuperStruct->GetPropertiesSize() : 0;
+		int32 Alignment = (SuperStruct != nullptr && !bIsFunction) ? FMath::Max(SuperStruct->GetMinAlignment(), 1) : 1;
+		for (FField* Field = ChildProperties; Field != nullptr; Field = Field->Next)
+		{
+			if (FProperty* Property = CastField<FProperty>(Field))
+			{
+				Property->LinkInternal();
+				const int32 PropertyAlignment = FMath::Max(Property->GetMinAlignment(), 1);
+				const int32 Offset = (Size + PropertyAlignment - 1) / PropertyAlignment * PropertyAlignment;
+				Property->SetOffset_Internal(Offset);
+				Size = Offset + Property->GetSize();
+				Alignment = FMath::Max(Alignment, PropertyAlignment);
+			}
+		}
+		PropertiesSize = Size;
+		MinAlignment = Alignment;
+	}
 	FProperty** Tail = &PropertyLink;
 	for (FField* Field = ChildProperties; Field != nullptr; Field = Field->Next)
 	{
@@ -442,4 +467,150 @@ UClass* UFunction::GetOuterUClass() const
 {
 	UObject* Outer = GetOuter();
 	return Outer != nullptr && Outer->IsA(UClass::StaticClass()) ? static_cast<UClass*>(Outer) : nullptr;
+}
+
+// Types as objects: what they refer to, their names, and lookups by name
+
+namespace
+{
+	void AddFieldTypeReferences(FField* Field, FReferenceCollector& Collector)
+	{
+		if (Field == nullptr)
+		{
+			return;
+		}
+		if (FObjectPropertyBase* ObjectProperty = CastField<FObjectPropertyBase>(Field))
+		{
+			Collector.AddReferencedObject(ObjectProperty->PropertyClass);
+		}
+		if (FClassProperty* ClassProperty = CastField<FClassProperty>(Field))
+		{
+			Collector.AddReferencedObject(ClassProperty->MetaClass);
+		}
+		if (FSoftClassProperty* SoftClassProperty = CastField<FSoftClassProperty>(Field))
+		{
+			Collector.AddReferencedObject(SoftClassProperty->MetaClass);
+		}
+		if (FInterfaceProperty* InterfaceProperty = CastField<FInterfaceProperty>(Field))
+		{
+			Collector.AddReferencedObject(InterfaceProperty->InterfaceClass);
+		}
+		if (FStructProperty* StructProperty = CastField<FStructProperty>(Field))
+		{
+			Collector.AddReferencedObject(StructProperty->Struct);
+		}
+		if (FByteProperty* ByteProperty = CastField<FByteProperty>(Field))
+		{
+			Collector.AddReferencedObject(ByteProperty->Enum);
+		}
+		if (FEnumProperty* EnumProperty = CastField<FEnumProperty>(Field))
+		{
+			UEnum* Enum = EnumProperty->GetEnum();
+			Collector.AddReferencedObject(Enum);
+		}
+		if (FDelegateProperty* DelegateProperty = CastField<FDelegateProperty>(Field))
+		{
+			Collector.AddReferencedObject(DelegateProperty->SignatureFunction);
+		}
+		if (FMulticastDelegateProperty* MulticastProperty = CastField<FMulticastDelegateProperty>(Field))
+		{
+			Collector.AddReferencedObject(MulticastProperty->SignatureFunction);
+		}
+		if (FArrayProperty* ArrayProperty = CastField<FArrayProperty>(Field))
+		{
+			AddFieldTypeReferences(ArrayProperty->Inner, Collector);
+		}
+		if (FSetProperty* SetProperty = CastField<FSetProperty>(Field))
+		{
+			AddFieldTypeReferences(SetProperty->ElementProp, Collector);
+		}
+		if (FMapProperty* MapProperty = CastField<FMapProperty>(Field))
+		{
+			AddFieldTypeReferences(MapProperty->KeyProp, Collector);
+			AddFieldTypeReferences(MapProperty->ValueProp, Collector);
+		}
+	}
+}
+
+void UStruct::AddReferencedObjects(UObject* InThis, FReferenceCollector& Collector)
+{
+	UStruct* This = static_cast<UStruct*>(InThis);
+	Collector.AddReferencedObject(This->SuperStruct, This);
+	for (UField* Field = This->Children; Field != nullptr; Field = Field->Next)
+	{
+		UObject* Child = Field;
+		Collector.AddReferencedObject(Child, This);
+	}
+	for (FField* Field = This->ChildProperties; Field != nullptr; Field = Field->Next)
+	{
+		AddFieldTypeReferences(Field, Collector);
+	}
+	UObject::AddReferencedObjects(InThis, Collector);
+}
+
+void UClass::AddReferencedObjects(UObject* InThis, FReferenceCollector& Collector)
+{
+	UClass* This = static_cast<UClass*>(InThis);
+	Collector.AddReferencedObject(This->ClassDefaultObject, This);
+	Collector.AddReferencedObject(This->ClassWithin, This);
+#if WITH_EDITORONLY_DATA
+	Collector.AddReferencedObject(This->ClassGeneratedBy, This);
+#endif
+	for (FImplementedInterface& Interface : This->Interfaces)
+	{
+		Collector.AddReferencedObject(Interface.Class, This);
+	}
+	for (TPair<FName, UFunction*>& Pair : This->FuncMap)
+	{
+		Collector.AddReferencedObject(Pair.Value, This);
+	}
+	UStruct::AddReferencedObjects(InThis, Collector);
+}
+
+void UClass::CallAddReferencedObjects(UObject* Object, FReferenceCollector& Collector) const
+{
+	for (const UClass* Class = this; Class != nullptr; Class = Class->GetSuperClass())
+	{
+		if (Class->ClassAddReferencedObjects != nullptr)
+		{
+			Class->ClassAddReferencedObjects(Object, Collector);
+			return;
+		}
+	}
+}
+
+bool UStruct::IsNativeType() const
+{
+	if (const UClass* Class = Cast<UClass>(this))
+	{
+		return Class->HasAnyClassFlags(CLASS_Native);
+	}
+	if (const UScriptStruct* Struct = Cast<UScriptStruct>(this))
+	{
+		return (Struct->StructFlags & STRUCT_Native) != 0;
+	}
+	return HasAnyFlags(RF_MarkAsNative);
+}
+
+const TCHAR* UClass::GetPrefixCPP() const
+{
+	return HasAnyCastFlag(CASTCLASS_AActor) ? TEXT("A") : TEXT("U");
+}
+
+FName UClass::GetDefaultObjectName() const
+{
+	return FName(*(FString(TEXT("Default__")) + GetName()));
+}
+
+UObject* UClass::TryFindTypeSlowSafe(UClass* TypeClass, const FString& InShortNameOrPathName, EFindFirstObjectOptions InOptions)
+{
+	if (TypeClass == nullptr || InShortNameOrPathName.IsEmpty())
+	{
+		return nullptr;
+	}
+	if (!FPackageName::IsShortPackageName(InShortNameOrPathName))
+	{
+		return StaticFindObject(TypeClass, nullptr, *InShortNameOrPathName, EnumHasAnyFlags(InOptions, EFindFirstObjectOptions::ExactClass));
+	}
+	return StaticFindFirstObject(TypeClass, *InShortNameOrPathName, InOptions);
 }

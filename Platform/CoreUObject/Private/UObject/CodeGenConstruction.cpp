@@ -1,6 +1,7 @@
 // Builds the reflected types from the tables of generated code (and of the hand-declared intrinsic classes).
 #include "UObject/CodeGenParams.h"
 #include "UObject/EnumProperty.h"
+#include "UObject/TextProperty.h"
 #include "UObject/Package.h"
 #include "CoreUObjectLog.h"
 #include "ObjectConstruction.h"
@@ -83,6 +84,55 @@ namespace
 				Property = ArrayProperty;
 				break;
 			}
+			case EPropertyGenFlags::Object:
+				Property = new FObjectProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.ClassFunc ? Params.ClassFunc() : UObject::StaticClass());
+				break;
+			case EPropertyGenFlags::Class:
+				Property = new FClassProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.MetaClassFunc ? Params.MetaClassFunc() : UObject::StaticClass());
+				break;
+			case EPropertyGenFlags::WeakObject:
+				Property = new FWeakObjectProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.ClassFunc ? Params.ClassFunc() : UObject::StaticClass());
+				break;
+			case EPropertyGenFlags::SoftObject:
+				Property = new FSoftObjectProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.ClassFunc ? Params.ClassFunc() : UObject::StaticClass());
+				break;
+			case EPropertyGenFlags::SoftClass:
+				Property = new FSoftClassProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.MetaClassFunc ? Params.MetaClassFunc() : UObject::StaticClass());
+				break;
+			case EPropertyGenFlags::Interface:
+				Property = new FInterfaceProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.ClassFunc ? Params.ClassFunc() : nullptr);
+				break;
+			case EPropertyGenFlags::Struct:
+				Property = new FStructProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.StructFunc ? Params.StructFunc() : nullptr);
+				break;
+			case EPropertyGenFlags::Text: Property = new FTextProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags); break;
+			case EPropertyGenFlags::Set:
+			{
+				FSetProperty* SetProperty = new FSetProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.SetOps);
+				if (Params.Inner != nullptr)
+				{
+					SetProperty->AddCppProperty(NewProperty(SetProperty, *Params.Inner, Flags & CPF_PropagateToArrayInner));
+				}
+				Property = SetProperty;
+				break;
+			}
+			case EPropertyGenFlags::Map:
+			{
+				FMapProperty* MapProperty = new FMapProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.MapOps);
+				if (Params.Inner != nullptr && Params.ValueInner != nullptr)
+				{
+					MapProperty->AddCppProperty(NewProperty(MapProperty, *Params.Inner, Flags & CPF_PropagateToArrayInner));
+					MapProperty->AddCppProperty(NewProperty(MapProperty, *Params.ValueInner, Flags & CPF_PropagateToArrayInner));
+				}
+				Property = MapProperty;
+				break;
+			}
+			case EPropertyGenFlags::Delegate:
+				Property = new FDelegateProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.SignatureFunctionFunc ? Params.SignatureFunctionFunc() : nullptr);
+				break;
+			case EPropertyGenFlags::InlineMulticastDelegate:
+				Property = new FMulticastInlineDelegateProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.SignatureFunctionFunc ? Params.SignatureFunctionFunc() : nullptr);
+				break;
 			case EPropertyGenFlags::Enum:
 			{
 				FEnumProperty* EnumProperty = new FEnumProperty(Owner, Name, NativeFieldFlags, Params.Offset, Flags, Params.EnumFunc ? Params.EnumFunc() : nullptr);
@@ -168,6 +218,7 @@ namespace UECodeGen_Private
 		NewClass->ClassFlags = Params.ClassFlags | CLASS_Native;
 		NewClass->ClassCastFlags = Params.CastFlags;
 		NewClass->ClassConstructor = Params.ClassConstructor;
+		NewClass->ClassAddReferencedObjects = Params.AddReferencedObjects;
 		NewClass->ClassConfigName = Params.ConfigName != nullptr ? FName(Params.ConfigName) : FName();
 		OutClass = NewClass;
 
@@ -229,6 +280,7 @@ namespace UECodeGen_Private
 		{
 			NewStruct->SetSuperStruct(Params.SuperFunc());
 		}
+		NewStruct->StructFlags = NewStruct->StructFlags | Params.StructFlags;
 		if (Params.NewStructOps != nullptr)
 		{
 			NewStruct->SetCppStructOps(Params.NewStructOps());
@@ -258,5 +310,27 @@ namespace UECodeGen_Private
 		NewEnum->CppType = Params.CppType != nullptr ? FString(Params.CppType) : NewEnum->GetName();
 		NewEnum->SetEnums(Names, Params.CppForm, Params.EnumFlags, true);
 		AddMetaData(NewEnum, Params.MetaData, Params.NumMetaData);
+	}
+}
+
+namespace UECodeGen_Private
+{
+	void ConstructUDelegateFunction(UFunction*& OutFunction, const FDelegateFunctionParams& Params)
+	{
+		if (OutFunction != nullptr)
+		{
+			return;
+		}
+		UObject* Outer = Params.OuterClassFunc != nullptr ? static_cast<UObject*>(Params.OuterClassFunc()) : static_cast<UObject*>(CreatePackage(Params.PackageName));
+		UFunction* Function = NewObject<UFunction>(Outer, UFunction::StaticClass(), FName(Params.Name), NativeFieldFlags);
+		OutFunction = Function;
+		if (Function == nullptr)
+		{
+			return;
+		}
+		Function->FunctionFlags = Params.FunctionFlags;
+		Function->SetPropertiesSize(static_cast<int32>(Params.ParmsSize));
+		AddProperties(Function, Params.Properties, Params.NumProperties);
+		Function->StaticLink();
 	}
 }

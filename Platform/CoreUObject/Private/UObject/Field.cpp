@@ -1,6 +1,8 @@
 #include "UObject/Field.h"
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
+#include "UObject/EnumProperty.h"
+#include "UObject/TextProperty.h"
 #include "Misc/CString.h"
 
 namespace
@@ -17,12 +19,47 @@ namespace
 
 // FFieldClass
 
-FFieldClass::FFieldClass(const TCHAR* InName, uint64 InId, uint64 InCastFlags, FFieldClass* InSuperClass)
+namespace
+{
+	TMap<FName, FFieldClass*>& FieldClassesByName()
+	{
+		static TMap<FName, FFieldClass*> Classes;
+		return Classes;
+	}
+}
+
+FFieldClass::FFieldClass(const TCHAR* InName, uint64 InId, uint64 InCastFlags, FFieldClass* InSuperClass, FConstructFn InConstructFn)
 	: Name(InName)
 	, Id(InId)
 	, CastFlags(InCastFlags)
 	, SuperClass(InSuperClass)
+	, ConstructFn(InConstructFn)
 {
+	FieldClassesByName().Add(Name, this);
+}
+
+FFieldClass* FFieldClass::GetNameToFieldClassMap(FName InName)
+{
+	// Naming every property class here links them all in, so that each can be found by name.
+	static const bool bRegistered = []()
+	{
+		const FFieldClass* const Classes[] = {FBoolProperty::StaticClass(), FByteProperty::StaticClass(), FInt8Property::StaticClass(), FInt16Property::StaticClass(),
+			FIntProperty::StaticClass(), FInt64Property::StaticClass(), FUInt16Property::StaticClass(), FUInt32Property::StaticClass(), FUInt64Property::StaticClass(),
+			FFloatProperty::StaticClass(), FDoubleProperty::StaticClass(), FStrProperty::StaticClass(), FNameProperty::StaticClass(), FTextProperty::StaticClass(),
+			FEnumProperty::StaticClass(), FArrayProperty::StaticClass(), FSetProperty::StaticClass(), FMapProperty::StaticClass(), FStructProperty::StaticClass(),
+			FObjectProperty::StaticClass(), FClassProperty::StaticClass(), FWeakObjectProperty::StaticClass(), FSoftObjectProperty::StaticClass(),
+			FSoftClassProperty::StaticClass(), FInterfaceProperty::StaticClass(), FDelegateProperty::StaticClass(), FMulticastInlineDelegateProperty::StaticClass()};
+		return UE_ARRAY_COUNT(Classes) > 0;
+	}();
+	(void)bRegistered;
+	FFieldClass* const* Found = FieldClassesByName().Find(InName);
+	return Found != nullptr ? *Found : nullptr;
+}
+
+FField* FField::Construct(const FName& FieldTypeName, const FFieldVariant& InOwner, const FName& InName, EObjectFlags InFlags)
+{
+	const FFieldClass* FieldClass = FFieldClass::GetNameToFieldClassMap(FieldTypeName);
+	return FieldClass != nullptr ? FieldClass->Construct(InOwner, InName, InFlags) : nullptr;
 }
 
 bool FFieldClass::IsChildOf(const FFieldClass* InClass) const

@@ -2,6 +2,7 @@
 #include "UObject/CodeGenParams.h"
 #include "UObject/Interface.h"
 #include "UObject/Package.h"
+#include "UObject/NoExportTypes.h"
 
 #define IMPLEMENT_INTRINSIC_CLASS(TClass) \
 	UClass* TClass::GetPrivateStaticClass() \
@@ -20,9 +21,14 @@
 			Params.ClassConstructor = &InternalConstructor<TClass>; \
 			Params.SuperClassFunc = &TClass::Super::StaticClass; \
 			Params.WithinClassFunc = &TClass::WithinClass::StaticClass; \
+			Params.AddReferencedObjects = &TClass::AddReferencedObjects; \
 			UECodeGen_Private::ConstructUClass(Class, Params); \
 		} \
 		return Class; \
+	} \
+	UClass* Z_Construct_UClass_##TClass##_NoRegister() \
+	{ \
+		return TClass::StaticClass(); \
 	}
 
 IMPLEMENT_INTRINSIC_CLASS(UObject)
@@ -35,12 +41,32 @@ IMPLEMENT_INTRINSIC_CLASS(UFunction)
 IMPLEMENT_INTRINSIC_CLASS(UPackage)
 IMPLEMENT_INTRINSIC_CLASS(UInterface)
 
-UPackage::UPackage(const FObjectInitializer& ObjectInitializer)
-	: UObject(ObjectInitializer)
-{
-}
 
 UInterface::UInterface(const FObjectInitializer& ObjectInitializer)
 	: UObject(ObjectInitializer)
 {
+}
+
+namespace UE::CoreUObject::Private
+{
+	// CoreUObject's own types, made before anything looks one up by name.
+	void RegisterCoreUObjectTypes()
+	{
+		UObject::StaticClass();
+		UField::StaticClass();
+		UStruct::StaticClass();
+		UScriptStruct::StaticClass();
+		UClass::StaticClass();
+		UEnum::StaticClass();
+		UFunction::StaticClass();
+		UPackage::StaticClass();
+		UInterface::StaticClass();
+		TBaseStructure<FVector>::Get();
+		TBaseStructure<FRotator>::Get();
+		TBaseStructure<FQuat>::Get();
+		TBaseStructure<FTransform>::Get();
+		TBaseStructure<FLinearColor>::Get();
+		TBaseStructure<FColor>::Get();
+		TBaseStructure<FGuid>::Get();
+	}
 }

@@ -146,7 +146,7 @@ void UObject::SaveConfig(uint64 RequiredPropertyFlags, const TCHAR* Filename, FC
 			for (int32 Index = 0; Index < Helper.Num(); ++Index)
 			{
 				FString Value;
-				ArrayProperty->Inner->ExportText_Direct(Value, Helper.GetRawPtr(Index), nullptr, this, PPF_None);
+				ArrayProperty->Inner->ExportTextItem_Direct(Value, Helper.GetRawPtr(Index), nullptr, this, PPF_None);
 				Values.Add(Value);
 			}
 			if (Values.Num() > 0)
@@ -163,7 +163,8 @@ void UObject::SaveConfig(uint64 RequiredPropertyFlags, const TCHAR* Filename, FC
 			for (int32 Index = 0; Index < Property->ArrayDim; ++Index)
 			{
 				FString Value;
-				Property->ExportText_InContainer(Index, Value, this, nullptr, this, PPF_None);
+				// Passing the value as its own default writes it even where it is the type's default.
+				Property->ExportText_InContainer(Index, Value, this, this, this, PPF_None);
 				Config->SetString(*Section, *ConfigKeyName(Property, Index), *Value, ConfigFile);
 			}
 		}

@@ -32,6 +32,15 @@ namespace UE::CoreUObject::Private
 		static UObject* Construct(void* Memory, UClass* Class, UObject* Outer, FName Name, EObjectFlags Flags, UObject* Archetype, void (*Constructor)(const FObjectInitializer&));
 
 		static void* AllocateObjectMemory(int32 Size, int32 Alignment);
+		static void FreeObjectMemory(void* Memory, int32 Alignment);
+
+		// Properties that reflection added at run time (a Blueprint's variables) live past the native part of
+		// the object; its C++ constructor and destructor don't know them.
+		static bool IsNonNativeProperty(const FProperty* Property);
+		static void InitializeNonNativeProperties(UObject* Object);
+		static void DestroyNonNativeProperties(UObject* Object);
+		// Runs the destructor and frees the memory of an object that is not registered anywhere else.
+		static void DestroyAndFree(UObject* Object);
 
 		static void SetClassDefaultObject(UClass* Class, UObject* Object)
 		{

@@ -36,6 +36,7 @@ namespace UE::CoreUObject::Private
 		{
 			Index = static_cast<int32>(Objects.size());
 			Objects.push_back(Object);
+			SerialNumbers.push_back(1);
 		}
 		ByName[Name.GetComparisonIndex()].push_back(Object);
 		ByOuter[Outer].push_back(Object);
@@ -48,6 +49,7 @@ namespace UE::CoreUObject::Private
 		if (Index >= 0 && Index < static_cast<int32>(Objects.size()) && Objects[Index] == Object)
 		{
 			Objects[Index] = nullptr;
+			++SerialNumbers[Index];
 			FreeIndices.push_back(Index);
 		}
 		EraseFrom(ByName[Name.GetComparisonIndex()], Object);
@@ -73,6 +75,22 @@ namespace UE::CoreUObject::Private
 	{
 		std::lock_guard<std::mutex> Guard(Mutex);
 		return Index >= 0 && Index < static_cast<int32>(Objects.size()) && Objects[Index] == Object;
+	}
+
+	int32 FObjectRegistry::GetSerialNumber(int32 Index) const
+	{
+		std::lock_guard<std::mutex> Guard(Mutex);
+		return Index >= 0 && Index < static_cast<int32>(SerialNumbers.size()) ? SerialNumbers[Index] : 0;
+	}
+
+	UObjectBase* FObjectRegistry::GetObject(int32 Index, int32 SerialNumber) const
+	{
+		std::lock_guard<std::mutex> Guard(Mutex);
+		if (Index < 0 || Index >= static_cast<int32>(Objects.size()) || SerialNumbers[Index] != SerialNumber)
+		{
+			return nullptr;
+		}
+		return Objects[Index];
 	}
 
 	std::vector<UObjectBase*> FObjectRegistry::FindByName(FName Name) const

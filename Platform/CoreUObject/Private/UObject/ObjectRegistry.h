@@ -21,6 +21,9 @@ namespace UE::CoreUObject::Private
 		void Remove(UObjectBase* Object, int32 Index, FName Name, const UObjectBase* Outer);
 		void Move(UObjectBase* Object, FName OldName, const UObjectBase* OldOuter, FName NewName, const UObjectBase* NewOuter);
 		bool Contains(const UObjectBase* Object, int32 Index) const;
+		// Each slot counts how often it was reused, so that a weak reference knows a new object from its old one.
+		int32 GetSerialNumber(int32 Index) const;
+		UObjectBase* GetObject(int32 Index, int32 SerialNumber) const;
 
 		// The objects of that name, in the order they were made.
 		std::vector<UObjectBase*> FindByName(FName Name) const;
@@ -34,6 +37,7 @@ namespace UE::CoreUObject::Private
 	private:
 		mutable std::mutex Mutex;
 		std::vector<UObjectBase*> Objects;
+		std::vector<int32> SerialNumbers;
 		std::vector<int32> FreeIndices;
 		std::unordered_map<uint32, std::vector<UObjectBase*>> ByName;
 		std::unordered_map<const UObjectBase*, std::vector<UObjectBase*>> ByOuter;

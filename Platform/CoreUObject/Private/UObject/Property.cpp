@@ -27,9 +27,63 @@ bool FProperty::SameType(const FProperty* Other) const
 	return Other != nullptr && GetClass() == Other->GetClass();
 }
 
-void FProperty::ExportText_Direct(FString& ValueStr, const void* Data, const void* Delta, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const
+bool FProperty::ExportText_Direct(FString& ValueStr, const void* Data, const void* Delta, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const
 {
-	ExportText_Internal(ValueStr, Data, EPropertyPointerType::Direct, Delta, Parent, PortFlags, ExportRootScope);
+	if (Data == Delta || !Identical(Data, Delta, PortFlags))
+	{
+		ExportText_Internal(ValueStr, Data, EPropertyPointerType::Direct, Delta, Parent, PortFlags, ExportRootScope);
+		return true;
+	}
+	return false;
+}
+
+bool FProperty::ShouldPort(uint32 PortFlags) const
+{
+	if (GetSize() <= 0)
+	{
+		return false;
+	}
+	if (HasAnyPropertyFlags(CPF_Deprecated) && !(PortFlags & (PPF_ParsingDefaultProperties | PPF_UseDeprecatedProperties)))
+	{
+		return false;
+	}
+	if (HasAnyPropertyFlags(CPF_Transient) && (PortFlags & (PPF_ParsingDefaultProperties | PPF_IncludeTransient)))
+	{
+		return true;
+	}
+	if ((PortFlags & PPF_Copy) && HasAnyPropertyFlags(CPF_DuplicateTransient | CPF_TextExportTransient) && !(PortFlags & (PPF_ParsingDefaultProperties | PPF_IncludeTransient)))
+	{
+		return false;
+	}
+	if ((PortFlags & PPF_PropertyWindow) && !HasAnyPropertyFlags(CPF_Edit))
+	{
+		return false;
+	}
+	return true;
+}
+
+bool FProperty::ValidateImportFlags(uint32 PortFlags, FOutputDevice* ErrorHandler) const
+{
+	// Default properties may not set what comes from config files.
+	if ((PortFlags & PPF_RestrictImportTypes) && HasAnyPropertyFlags(CPF_Config))
+	{
+		const FString Message = FString::Printf(TEXT("Import failed for '%s': property is config (Check to see if the property is listed in the DefaultProperties.  It should only be listed in the specific .ini file)"), *GetName());
+		if (ErrorHandler != nullptr)
+		{
+			ErrorHandler->Log(*Message);
+		}
+		else
+		{
+			UE_LOG(LogProperty, Warning, TEXT("%s"), *Message);
+		}
+		return false;
+	}
+	return true;
+}
+
+bool FProperty::ShouldSerializeValue() const
+{
+	return !HasAnyPropertyFlags(CPF_Transient | CPF_Deprecated | CPF_SkipSerialization);
 }
 
 void FProperty::ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const
@@ -48,8 +102,7 @@ bool FProperty::ExportText_InContainer(int32 Index, FString& ValueStr, const voi
 	{
 		return false;
 	}
-	ExportText_Direct(ValueStr, ContainerPtrToValuePtr<void>(Data, Index), Delta ? ContainerPtrToValuePtr<void>(Delta, Index) : nullptr, Parent, PortFlags, ExportRootScope);
-	return true;
+	return ExportText_Direct(ValueStr, ContainerPtrToValuePtr<void>(Data, Index), Delta ? ContainerPtrToValuePtr<void>(Delta, Index) : nullptr, Parent, PortFlags, ExportRootScope);
 }
 
 const TCHAR* FProperty::ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const

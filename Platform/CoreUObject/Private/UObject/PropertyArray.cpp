@@ -1,5 +1,6 @@
 #include "UObject/UnrealType.h"
 #include "PropertyText.h"
+#include "ScriptContainerStorage.h"
 
 using namespace UE::CoreUObject::Private;
 
@@ -7,19 +8,19 @@ IMPLEMENT_FIELD(FArrayProperty)
 
 namespace
 {
-	// A TArray of the property's type in heap memory, for reading a list before it replaces the value.
+	// An array value of the property's type in heap memory, for reading a list before it replaces the value.
 	class FScratchArray
 	{
 	public:
-		explicit FScratchArray(const FScriptArrayOps& InOps)
-			: Ops(InOps)
-			, Memory(FMemory::Malloc(static_cast<SIZE_T>(InOps.Size)))
+		explicit FScratchArray(const FArrayProperty* InProperty)
+			: Property(InProperty)
+			, Memory(FMemory::Malloc(static_cast<SIZE_T>(InProperty->GetElementSize()), 16))
 		{
-			Ops.Construct(Memory);
+			Property->InitializeValue(Memory);
 		}
 		~FScratchArray()
 		{
-			Ops.Destruct(Memory);
+			Property->DestroyValue(Memory);
 			FMemory::Free(Memory);
 		}
 		FScratchArray(const FScratchArray&) = delete;
@@ -31,14 +32,20 @@ namespace
 		}
 
 	private:
-		const FScriptArrayOps& Ops;
+		const FArrayProperty* Property;
 		void* Memory;
 	};
+
+	FContainerElementLayout LayoutOf(const FArrayProperty* Property)
+	{
+		return FContainerElementLayout::ForElement(Property->Inner);
+	}
 }
 
 FArrayProperty::FArrayProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags)
 	: FProperty(InOwner, InName, InObjectFlags)
 {
+	SetArrayOps(nullptr);
 }
 
 FArrayProperty::FArrayProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, const FScriptArrayOps* InArrayOps)
@@ -60,8 +67,9 @@ void FArrayProperty::AddCppProperty(FProperty* Property)
 
 void FArrayProperty::SetArrayOps(const FScriptArrayOps* InArrayOps)
 {
+	// Without native operations (an array made at run time) the value is a type-erased buffer.
 	ArrayOps = InArrayOps;
-	ElementSize = ArrayOps != nullptr ? ArrayOps->Size : 0;
+	ElementSize = ArrayOps != nullptr ? ArrayOps->Size : static_cast<int32>(sizeof(FScriptContainerStorage));
 	PropertyFlags |= CPF_ZeroConstructor;
 }
 
@@ -91,7 +99,7 @@ bool FArrayProperty::SameType(const FProperty* Other) const
 
 int32 FArrayProperty::GetMinAlignment() const
 {
-	return ArrayOps != nullptr ? ArrayOps->Alignment : 8;
+	return ArrayOps != nullptr ? ArrayOps->Alignment : static_cast<int32>(alignof(FScriptContainerStorage));
 }
 
 void FArrayProperty::LinkInternal()
@@ -135,14 +143,14 @@ void FArrayProperty::ExportText_Internal(FString& ValueStr, const void* Property
 		{
 			ValueStr.AppendChar(TEXT(','));
 		}
-		Inner->ExportText_Direct(ValueStr, Helper.GetRawPtr(Index), nullptr, Parent, PortFlags | PPF_Delimited, ExportRootScope);
+		Inner->ExportTextItem_Direct(ValueStr, Helper.GetRawPtr(Index), nullptr, Parent, PortFlags | PPF_Delimited, ExportRootScope);
 	}
 	ValueStr.AppendChar(TEXT(')'));
 }
 
 const TCHAR* FArrayProperty::ImportText_Internal(const TCHAR* Buffer, void* ContainerOrPropertyPtr, EPropertyPointerType PointerType, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const
 {
-	if (ArrayOps == nullptr || Inner == nullptr)
+	if (Inner == nullptr)
 	{
 		ReportImportError(ErrorText, Buffer, TEXT("the array has no element type"));
 		return nullptr;
@@ -154,8 +162,7 @@ const TCHAR* FArrayProperty::ImportText_Internal(const TCHAR* Buffer, void* Cont
 		return nullptr;
 	}
 	// The list is read into a scratch array first, so that a malformed one leaves the value as it was.
-	FScratchArray Scratch(*ArrayOps);
-	const int32 InnerSize = Inner->GetElementSize();
+	FScratchArray Scratch(this);
 	Cursor = SkipWhitespace(Cursor + 1);
 	if (*Cursor == TEXT(')'))
 	{
@@ -165,10 +172,9 @@ const TCHAR* FArrayProperty::ImportText_Internal(const TCHAR* Buffer, void* Cont
 	{
 		for (;;)
 		{
-			const int32 Index = ArrayOps->Num(Scratch.Get());
-			ArrayOps->Insert(Scratch.Get(), Index, 1);
-			void* Element = static_cast<uint8*>(ArrayOps->GetData(Scratch.Get())) + Index * InnerSize;
-			Cursor = Inner->ImportText_Direct(Cursor, Element, OwnerObject, PortFlags | PPF_Delimited, ErrorText);
+			FScriptArrayHelper ScratchHelper(this, Scratch.Get());
+			const int32 Index = ScratchHelper.AddValue();
+			Cursor = Inner->ImportText_Direct(Cursor, ScratchHelper.GetRawPtr(Index), OwnerObject, PortFlags | PPF_Delimited, ErrorText);
 			if (Cursor == nullptr)
 			{
 				return nullptr;
@@ -188,7 +194,7 @@ const TCHAR* FArrayProperty::ImportText_Internal(const TCHAR* Buffer, void* Cont
 			return nullptr;
 		}
 	}
-	ArrayOps->Assign(PointerToValuePtr(ContainerOrPropertyPtr, PointerType), Scratch.Get());
+	CopySingleValue(PointerToValuePtr(ContainerOrPropertyPtr, PointerType), Scratch.Get());
 	return Cursor;
 }
 
@@ -196,7 +202,16 @@ void FArrayProperty::CopyValuesInternal(void* Dest, const void* Src, int32 Count
 {
 	for (int32 Index = 0; Index < Count; ++Index)
 	{
-		ArrayOps->Assign(static_cast<uint8*>(Dest) + Index * ElementSize, static_cast<const uint8*>(Src) + Index * ElementSize);
+		void* DestArray = static_cast<uint8*>(Dest) + Index * ElementSize;
+		const void* SrcArray = static_cast<const uint8*>(Src) + Index * ElementSize;
+		if (ArrayOps != nullptr)
+		{
+			ArrayOps->Assign(DestArray, SrcArray);
+		}
+		else
+		{
+			ContainerStorage::Assign(*static_cast<FScriptContainerStorage*>(DestArray), *static_cast<const FScriptContainerStorage*>(SrcArray), LayoutOf(this));
+		}
 	}
 }
 
@@ -204,7 +219,15 @@ void FArrayProperty::InitializeValueInternal(void* Dest) const
 {
 	for (int32 Index = 0; Index < ArrayDim; ++Index)
 	{
-		ArrayOps->Construct(static_cast<uint8*>(Dest) + Index * ElementSize);
+		void* Array = static_cast<uint8*>(Dest) + Index * ElementSize;
+		if (ArrayOps != nullptr)
+		{
+			ArrayOps->Construct(Array);
+		}
+		else
+		{
+			new (Array) FScriptContainerStorage();
+		}
 	}
 }
 
@@ -212,13 +235,28 @@ void FArrayProperty::DestroyValueInternal(void* Dest) const
 {
 	for (int32 Index = 0; Index < ArrayDim; ++Index)
 	{
-		ArrayOps->Destruct(static_cast<uint8*>(Dest) + Index * ElementSize);
+		void* Array = static_cast<uint8*>(Dest) + Index * ElementSize;
+		if (ArrayOps != nullptr)
+		{
+			ArrayOps->Destruct(Array);
+		}
+		else
+		{
+			ContainerStorage::Empty(*static_cast<FScriptContainerStorage*>(Array), LayoutOf(this));
+		}
 	}
 }
 
 void FArrayProperty::ClearValueInternal(void* Data) const
 {
-	ArrayOps->Empty(Data, 0);
+	if (ArrayOps != nullptr)
+	{
+		ArrayOps->Empty(Data, 0);
+	}
+	else
+	{
+		ContainerStorage::Empty(*static_cast<FScriptContainerStorage*>(Data), LayoutOf(this));
+	}
 }
 
 // FScriptArrayHelper
@@ -228,16 +266,28 @@ FScriptArrayHelper::FScriptArrayHelper(const FArrayProperty* InProperty, const v
 	, Array(const_cast<void*>(InArray))
 	, ElementSize(InProperty != nullptr && InProperty->Inner != nullptr ? InProperty->Inner->GetElementSize() : 0)
 {
+	if (Property != nullptr && Property->GetArrayOps() == nullptr)
+	{
+		ElementSize = LayoutOf(Property).Stride;
+	}
 }
 
 int32 FScriptArrayHelper::Num() const
 {
-	return Property->GetArrayOps()->Num(Array);
+	if (const FScriptArrayOps* Ops = Property->GetArrayOps())
+	{
+		return Ops->Num(Array);
+	}
+	return static_cast<const FScriptContainerStorage*>(Array)->Num;
 }
 
 uint8* FScriptArrayHelper::GetRawPtr(int32 Index)
 {
-	return static_cast<uint8*>(Property->GetArrayOps()->GetData(Array)) + Index * ElementSize;
+	if (const FScriptArrayOps* Ops = Property->GetArrayOps())
+	{
+		return static_cast<uint8*>(Ops->GetData(Array)) + Index * ElementSize;
+	}
+	return static_cast<FScriptContainerStorage*>(Array)->Data + Index * ElementSize;
 }
 
 int32 FScriptArrayHelper::AddValue()
@@ -248,23 +298,44 @@ int32 FScriptArrayHelper::AddValue()
 int32 FScriptArrayHelper::AddValues(int32 Count)
 {
 	const int32 First = Num();
-	Property->GetArrayOps()->Insert(Array, First, Count);
+	InsertValues(First, Count);
 	return First;
 }
 
 void FScriptArrayHelper::InsertValues(int32 Index, int32 Count)
 {
-	Property->GetArrayOps()->Insert(Array, Index, Count);
+	if (const FScriptArrayOps* Ops = Property->GetArrayOps())
+	{
+		Ops->Insert(Array, Index, Count);
+	}
+	else
+	{
+		ContainerStorage::Insert(*static_cast<FScriptContainerStorage*>(Array), LayoutOf(Property), Index, Count);
+	}
 }
 
 void FScriptArrayHelper::RemoveValues(int32 Index, int32 Count)
 {
-	Property->GetArrayOps()->Remove(Array, Index, Count);
+	if (const FScriptArrayOps* Ops = Property->GetArrayOps())
+	{
+		Ops->Remove(Array, Index, Count);
+	}
+	else
+	{
+		ContainerStorage::Remove(*static_cast<FScriptContainerStorage*>(Array), LayoutOf(Property), Index, Count);
+	}
 }
 
 void FScriptArrayHelper::EmptyValues(int32 Slack)
 {
-	Property->GetArrayOps()->Empty(Array, Slack);
+	if (const FScriptArrayOps* Ops = Property->GetArrayOps())
+	{
+		Ops->Empty(Array, Slack);
+	}
+	else
+	{
+		ContainerStorage::Empty(*static_cast<FScriptContainerStorage*>(Array), LayoutOf(Property));
+	}
 }
 
 void FScriptArrayHelper::EmptyAndAddValues(int32 Count)
@@ -275,5 +346,12 @@ void FScriptArrayHelper::EmptyAndAddValues(int32 Count)
 
 void FScriptArrayHelper::Resize(int32 NewNum)
 {
-	Property->GetArrayOps()->Resize(Array, NewNum);
+	if (const FScriptArrayOps* Ops = Property->GetArrayOps())
+	{
+		Ops->Resize(Array, NewNum);
+	}
+	else
+	{
+		ContainerStorage::Resize(*static_cast<FScriptContainerStorage*>(Array), LayoutOf(Property), NewNum);
+	}
 }

@@ -3,6 +3,8 @@
 #include "UObject/CodeGenParams.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
+#include "Misc/PackageName.h"
+#include "Templates/Casts.h"
 #include "CoreUObjectLog.h"
 #include "ObjectConstruction.h"
 #include "ObjectRegistry.h"
@@ -38,6 +40,46 @@ namespace
 	}
 
 	// Copies every property value of Source into Target; transient ones from TransientSource when given.
+	void CopyAllProperties(UObject* Target, const UObject* Source, const UObject* TransientSource);
+}
+
+namespace
+{
+	// A reference that points into the archetype (one of its subobjects) is moved to the object of the same
+	// relative path inside the new object, so that copies don't share their archetype's subobjects.
+	class FArchetypeReferenceRemap final : public FReferenceCollector
+	{
+	public:
+		FArchetypeReferenceRemap(UObject* InTarget, const UObject* InArchetype)
+			: Target(InTarget)
+			, Archetype(InArchetype)
+		{
+		}
+		void HandleObjectReference(UObject*& Object, const UObject* ReferencingObject, const FProperty* ReferencingProperty) override
+		{
+			if (Object != nullptr && Object->IsIn(Archetype))
+			{
+				if (UObject* Own = StaticFindObject(Object->GetClass(), Target, *Object->GetPathName(Archetype)))
+				{
+					Object = Own;
+				}
+			}
+		}
+
+	private:
+		UObject* Target;
+		const UObject* Archetype;
+	};
+
+	void RemapArchetypeReferences(UObject* Target, const UObject* Archetype)
+	{
+		if (Archetype != nullptr && Target != Archetype)
+		{
+			FArchetypeReferenceRemap Remap(Target, Archetype);
+			Remap.AddPropertyReferences(Target->GetClass(), Target, Target);
+		}
+	}
+
 	void CopyAllProperties(UObject* Target, const UObject* Source, const UObject* TransientSource)
 	{
 		for (FProperty* Property = Target->GetClass()->PropertyLink; Property != nullptr; Property = Property->PropertyLinkNext)
@@ -106,8 +148,73 @@ UObject* FObjectConstruction::Construct(void* Memory, UClass* Class, UObject* Ou
 	return Initializer.Obj;
 }
 
+void FObjectConstruction::FreeObjectMemory(void* Memory, int32 Alignment)
+{
+	if (Alignment > static_cast<int32>(__STDCPP_DEFAULT_NEW_ALIGNMENT__))
+	{
+		::operator delete(Memory, std::align_val_t(static_cast<size_t>(Alignment)));
+	}
+	else
+	{
+		::operator delete(Memory);
+	}
+}
+
+bool FObjectConstruction::IsNonNativeProperty(const FProperty* Property)
+{
+	const UObject* Owner = Property->GetOwnerUObject();
+	return Owner != nullptr && Owner->IsA(UClass::StaticClass()) && !static_cast<const UClass*>(Owner)->HasAnyClassFlags(CLASS_Native);
+}
+
+void FObjectConstruction::InitializeNonNativeProperties(UObject* Object)
+{
+	UClass* Class = Object->GetClass();
+	if (Class == nullptr || Class->HasAnyClassFlags(CLASS_Native))
+	{
+		return;
+	}
+	for (FProperty* Property = Class->PropertyLink; Property != nullptr; Property = Property->PropertyLinkNext)
+	{
+		if (IsNonNativeProperty(Property))
+		{
+			Property->InitializeValue_InContainer(Object);
+		}
+	}
+}
+
+void FObjectConstruction::DestroyNonNativeProperties(UObject* Object)
+{
+	UClass* Class = Object->GetClass();
+	if (Class == nullptr || Class->HasAnyClassFlags(CLASS_Native))
+	{
+		return;
+	}
+	for (FProperty* Property = Class->PropertyLink; Property != nullptr; Property = Property->PropertyLinkNext)
+	{
+		if (IsNonNativeProperty(Property))
+		{
+			Property->DestroyValue_InContainer(Object);
+		}
+	}
+}
+
+void FObjectConstruction::DestroyAndFree(UObject* Object)
+{
+	UClass* Class = Object->GetClass();
+	const int32 Alignment = Class != nullptr ? Class->GetMinAlignment() : 1;
+	DestroyNonNativeProperties(Object);
+	Object->~UObject();
+	FreeObjectMemory(Object, Alignment);
+}
+
 void FObjectConstruction::CopyFromClassDefaults(UObject* Object, UClass* Class, UObject* ClassDefaults)
 {
+	if (!Class->HasAnyClassFlags(CLASS_Native))
+	{
+		// A class made at run time starts every object as a copy of its defaults.
+		CopyAllProperties(Object, ClassDefaults, nullptr);
+		return;
+	}
 	if (!Class->bPostConstructCopyListReady)
 	{
 		// The first object of the class shows what its constructor gives; where the defaults differ (values
@@ -147,7 +254,13 @@ UObject* StaticConstructObject_Internal(const FStaticConstructObjectParameters& 
 		UE_LOG(LogUObjectGlobals, Error, TEXT("Class %s is abstract: objects of it can't be made"), *Class->GetName());
 		return nullptr;
 	}
-	if (Class->ClassConstructor == nullptr)
+	// A class made at run time is built by the constructor of its nearest native ancestor.
+	UClass::ClassConstructorType Constructor = nullptr;
+	for (UClass* ConstructorClass = Class; ConstructorClass != nullptr && Constructor == nullptr; ConstructorClass = ConstructorClass->GetSuperClass())
+	{
+		Constructor = ConstructorClass->ClassConstructor;
+	}
+	if (Constructor == nullptr)
 	{
 		UE_LOG(LogUObjectGlobals, Error, TEXT("Class %s has no constructor"), *Class->GetName());
 		return nullptr;
@@ -196,6 +309,7 @@ UObject* StaticConstructObject_Internal(const FStaticConstructObjectParameters& 
 		else
 		{
 			// As in the engine, a new object of the same name and class takes the old one's place and memory.
+			FObjectConstruction::DestroyNonNativeProperties(Existing);
 			Existing->~UObject();
 			Memory = Existing;
 			FMemory::Memzero(Memory, static_cast<SIZE_T>(Class->GetPropertiesSize()));
@@ -211,7 +325,8 @@ UObject* StaticConstructObject_Internal(const FStaticConstructObjectParameters& 
 		FObjectConstruction::SetClassDefaultObject(Class, static_cast<UObject*>(Memory));
 	}
 
-	UObject* Object = FObjectConstruction::Construct(Memory, Class, Outer, Name, Params.SetFlags, Template, Class->ClassConstructor);
+	UObject* Object = FObjectConstruction::Construct(Memory, Class, Outer, Name, Params.SetFlags, Template, Constructor);
+	FObjectConstruction::InitializeNonNativeProperties(Object);
 
 	if (bIsClassDefaultObject)
 	{
@@ -225,10 +340,12 @@ UObject* StaticConstructObject_Internal(const FStaticConstructObjectParameters& 
 		if (Template != nullptr && Template == ClassDefaults)
 		{
 			FObjectConstruction::CopyFromClassDefaults(Object, Class, ClassDefaults);
+			RemapArchetypeReferences(Object, ClassDefaults);
 		}
 		else if (Template != nullptr)
 		{
 			CopyAllProperties(Object, Template, Params.bCopyTransientsFromClassDefaults ? ClassDefaults : nullptr);
+			RemapArchetypeReferences(Object, Template);
 		}
 		if (Class->HasAnyClassFlags(CLASS_PerObjectConfig))
 		{
@@ -282,7 +399,12 @@ UPackage* CreatePackage(const TCHAR* PackageName)
 		UE_LOG(LogUObjectGlobals, Error, TEXT("%s is the name of an object that is not a package"), *Name);
 		return nullptr;
 	}
-	return NewObject<UPackage>(nullptr, PackageClass, PackageFName, RF_Public);
+	UPackage* Package = NewObject<UPackage>(nullptr, PackageClass, PackageFName, RF_Public);
+	if (Package != nullptr && Name.StartsWith(TEXT("/Script/")))
+	{
+		Package->SetPackageFlags(PKG_CompiledIn | PKG_ContainsScript);
+	}
+	return Package;
 }
 
 UPackage* GetTransientPackage()
@@ -330,13 +452,16 @@ UObject* StaticFindObjectFast(UClass* Class, UObject* InOuter, FName InName, boo
 	return nullptr;
 }
 
-UObject* StaticFindObject(UClass* Class, UObject* InOuter, const TCHAR* Name, bool bExactClass)
+UObject* StaticFindObject(UClass* Class, UObject* InOuter, const TCHAR* InName, bool bExactClass)
 {
 	ProcessNewlyLoadedUObjects();
-	if (Name == nullptr || *Name == 0)
+	if (InName == nullptr || *InName == 0)
 	{
 		return nullptr;
 	}
+	// An export text path ("/Script/Engine.Actor'/Game/A.A'") names the object in its quotes.
+	const FString ObjectPath = FPackageName::ExportTextPathToObjectPath(InName);
+	const TCHAR* Name = *ObjectPath;
 	// "/Package/Path.Object:Subobject.Inner": the first part is the outermost object, each further part an inner.
 	TArray<FString> Parts;
 	FString Current;
@@ -371,12 +496,65 @@ UObject* StaticFindObject(UClass* Class, UObject* InOuter, const TCHAR* Name, bo
 	return Outer;
 }
 
+UObject* StaticFindFirstObject(UClass* Class, const TCHAR* Name, EFindFirstObjectOptions Options, ELogVerbosity::Type AmbiguousMessageVerbosity, const TCHAR* InCurrentOperation)
+{
+	ProcessNewlyLoadedUObjects();
+	if (Name == nullptr || *Name == 0)
+	{
+		return nullptr;
+	}
+	if (FCString::Strchr(Name, TEXT('/')) != nullptr)
+	{
+		return StaticFindObject(Class, nullptr, Name, EnumHasAnyFlags(Options, EFindFirstObjectOptions::ExactClass));
+	}
+	const FName ObjectName(Name, FNAME_Find);
+	if (ObjectName.IsNone())
+	{
+		return nullptr;
+	}
+	const bool bExactClass = EnumHasAnyFlags(Options, EFindFirstObjectOptions::ExactClass);
+	UObject* Result = nullptr;
+	int32 NumMatches = 0;
+	for (UObjectBase* Candidate : FObjectRegistry::Get().FindByName(ObjectName))
+	{
+		if (Candidate->GetClass() == nullptr || !IsObjectOfClass(Candidate, Class, bExactClass) || static_cast<UObject*>(Candidate)->IsGarbage())
+		{
+			continue;
+		}
+		++NumMatches;
+		UObject* Object = static_cast<UObject*>(Candidate);
+		if (Result == nullptr || (EnumHasAnyFlags(Options, EFindFirstObjectOptions::NativeFirst) && !Result->IsNative() && Object->IsNative()))
+		{
+			Result = Object;
+		}
+	}
+	if (NumMatches > 1 && AmbiguousMessageVerbosity != ELogVerbosity::NoLogging)
+	{
+		UE_LOG(LogUObjectGlobals, Warning, TEXT("%s: %d objects are named %s; %s was taken"), InCurrentOperation != nullptr ? InCurrentOperation : TEXT("FindFirstObject"), NumMatches, Name, *Result->GetPathName());
+	}
+	return Result;
+}
+
+UPackage* FindPackage(UObject* InOuter, const TCHAR* PackageName)
+{
+	if (PackageName == nullptr || *PackageName == 0)
+	{
+		return nullptr;
+	}
+	return Cast<UPackage>(StaticFindObjectFast(UPackage::StaticClass(), InOuter, FName(PackageName, FNAME_Find)));
+}
+
 // Registration of compiled-in types
 
 FRegisterCompiledInInfo::FRegisterCompiledInInfo(void (*RegisterFunction)())
 {
 	std::lock_guard<std::mutex> Guard(PendingRegistrationsMutex());
 	PendingRegistrations().push_back(RegisterFunction);
+}
+
+namespace UE::CoreUObject::Private
+{
+	void RegisterCoreUObjectTypes();
 }
 
 void ProcessNewlyLoadedUObjects()
@@ -387,6 +565,12 @@ void ProcessNewlyLoadedUObjects()
 		return;
 	}
 	bProcessing = true;
+	static const bool bCoreTypesRegistered = []()
+	{
+		RegisterCoreUObjectTypes();
+		return true;
+	}();
+	(void)bCoreTypesRegistered;
 	for (;;)
 	{
 		std::vector<void (*)()> Batch;

@@ -4,11 +4,13 @@
 #include "CoreMinimal.h"
 #include "UObject/Object.h"
 #include "UObject/Class.h"
+#include "UObject/ObjectPtr.h"
 
 namespace UE::CoreUObject::Private
 {
+	// The native side of an interface; a class that implements one has its UClassType too, but is an object.
 	template<typename T>
-	concept CInterfaceType = requires { typename T::UClassType; };
+	concept CInterfaceType = requires { typename T::UClassType; } && !__is_base_of(UObject, T);
 }
 
 template<typename To, typename From>
@@ -29,6 +31,12 @@ To* Cast(From* Src)
 }
 
 template<typename To, typename From>
+To* Cast(const TObjectPtr<From>& Src)
+{
+	return Cast<To>(Src.Get());
+}
+
+template<typename To, typename From>
 To* CastChecked(From* Src)
 {
 	To* Result = Cast<To>(Src);
@@ -41,4 +49,10 @@ template<typename To, typename From>
 To* ExactCast(From* Src)
 {
 	return Src && Src->GetClass() == To::StaticClass() ? (To*)Src : nullptr;
+}
+
+template<typename To, typename From>
+To* CastChecked(const TObjectPtr<From>& Src)
+{
+	return CastChecked<To>(Src.Get());
 }

@@ -5,9 +5,12 @@
 #include "UObject/ObjectMacros.h"
 #include "UObject/Object.h"
 #include "UObject/Field.h"
+#include "UObject/TopLevelAssetPath.h"
+#include "Misc/Guid.h"
 
 class FProperty;
 class UFunction;
+class FReferenceCollector;
 
 namespace EIncludeSuperFlag
 {
@@ -123,6 +126,26 @@ public:
 	}
 	// The property of that name here or in a super struct (names compare without regard to case), or null.
 	FProperty* FindPropertyByName(FName InName) const;
+	// "/Script/Engine.Actor" for AActor.
+	FTopLevelAssetPath GetStructPathName() const
+	{
+		return FTopLevelAssetPath(this);
+	}
+	// The prefix of the C++ name: "F" for structs, "U" or "A" for classes.
+	virtual const TCHAR* GetPrefixCPP() const
+	{
+		return TEXT("F");
+	}
+	// Native types: compiled-in classes and structs, and their functions.
+	bool IsNativeType() const;
+
+	// Reports the types this struct's properties refer to, its super struct and its functions.
+	static void AddReferencedObjects(UObject* InThis, FReferenceCollector& Collector);
+
+	// A type made at run time (a Blueprint's class) is saved with its definition: its super type and
+	// its properties. Native types are defined by code and write nothing.
+	virtual void ExportCustomProperties(FOutputDevice& Out, uint32 Indent) override;
+	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn) override;
 
 	// Gives every property of a block of this struct's layout its starting value.
 	virtual void InitializeStruct(void* Dest, int32 ArrayDim = 1) const;
@@ -239,6 +262,19 @@ public:
 	// The native == when the struct has one, else property by property.
 	bool CompareScriptStruct(const void* A, const void* B, uint32 PortFlags) const;
 
+	// "(Name=Value,...)": the members that differ from Defaults (all of an atomic struct, or when Defaults is Value).
+	void ExportText(FString& ValueStr, const void* Value, const void* Defaults, UObject* OwnerObject, int32 PortFlags, UObject* ExportRootScope, bool bAllowNativeOverride = true) const;
+	// Reads "(Name=Value,...)" into Value; members not named keep their values. Null when the text isn't such a list.
+	const TCHAR* ImportText(const TCHAR* Buffer, void* Value, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText, const FString& StructName, bool bAllowNativeOverride = true) const;
+	const TCHAR* ImportText(const TCHAR* Buffer, void* Value, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText, const TFunctionRef<FString()>& StructNameGetter, bool bAllowNativeOverride = true) const
+	{
+		return ImportText(Buffer, Value, OwnerObject, PortFlags, ErrorText, StructNameGetter(), bAllowNativeOverride);
+	}
+	FString GetStructCPPName(uint32 CPPExportFlags = 0) const
+	{
+		return FString(TEXT("F")) + GetName();
+	}
+
 	EStructFlags StructFlags = STRUCT_NoFlags;
 
 private:
@@ -300,6 +336,53 @@ public:
 
 	// The ini file of the class's config properties (see the class's config name).
 	FString GetConfigName() const;
+
+	// "/Script/Engine.Actor" for AActor, "/Game/BP_Door.BP_Door_C" for a Blueprint's class.
+	FTopLevelAssetPath GetClassPathName() const
+	{
+		return FTopLevelAssetPath(this);
+	}
+	virtual const TCHAR* GetPrefixCPP() const override;
+	// The name the default object has: "Default__" and the class's name.
+	FName GetDefaultObjectName() const;
+
+	// A loaded type by its path ("/Script/Engine.Actor") or by its short name ("Actor"); null when there
+	// is none or the short name is ambiguous in a way the options don't settle.
+	static UObject* TryFindTypeSlowSafe(UClass* TypeClass, const FString& InShortNameOrPathName, EFindFirstObjectOptions InOptions = EFindFirstObjectOptions::None);
+	static UObject* TryFindTypeSlow(UClass* TypeClass, const FString& InShortNameOrPathName, EFindFirstObjectOptions InOptions = EFindFirstObjectOptions::None)
+	{
+		return TryFindTypeSlowSafe(TypeClass, InShortNameOrPathName, InOptions);
+	}
+	template<typename T>
+	static T* TryFindTypeSlowSafe(const FString& InShortNameOrPathName, EFindFirstObjectOptions InOptions = EFindFirstObjectOptions::None)
+	{
+		return static_cast<T*>(TryFindTypeSlowSafe(T::StaticClass(), InShortNameOrPathName, InOptions));
+	}
+	template<typename T>
+	static T* TryFindTypeSlow(const FString& InShortNameOrPathName, EFindFirstObjectOptions InOptions = EFindFirstObjectOptions::None)
+	{
+		return TryFindTypeSlowSafe<T>(InShortNameOrPathName, InOptions);
+	}
+
+	// How objects of the class report references beyond their reflected properties (their AddReferencedObjects).
+	typedef void (*ClassAddReferencedObjectsType)(UObject*, FReferenceCollector&);
+	ClassAddReferencedObjectsType ClassAddReferencedObjects = nullptr;
+	void CallAddReferencedObjects(UObject* Object, FReferenceCollector& Collector) const;
+
+#if WITH_EDITORONLY_DATA
+	// The Blueprint this class was compiled from; null for native classes.
+	UObject* ClassGeneratedBy = nullptr;
+#endif
+
+	// Reports the class default object and the classes this class names besides its super class.
+	static void AddReferencedObjects(UObject* InThis, FReferenceCollector& Collector);
+	// A class is never an asset itself; a Blueprint that makes one is.
+	virtual bool IsAsset() const override
+	{
+		return false;
+	}
+	virtual void ExportCustomProperties(FOutputDevice& Out, uint32 Indent) override;
+	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn) override;
 
 	UFunction* FindFunctionByName(FName InName, EIncludeSuperFlag::Type IncludeSuper = EIncludeSuperFlag::IncludeSuper) const;
 	void AddFunctionToFunctionMap(UFunction* Function, FName FuncName);
@@ -432,6 +515,8 @@ public:
 	UFunction(const FObjectInitializer& ObjectInitializer);
 
 	virtual void Link(bool bRelinkExistingProperties) override;
+	virtual void ExportCustomProperties(FOutputDevice& Out, uint32 Indent) override;
+	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn) override;
 
 	// The ReturnValue parameter, or null.
 	FProperty* GetReturnProperty() const;
@@ -455,6 +540,25 @@ public:
 	uint16 ReturnValueOffset = MAX_uint16;
 	FNativeFuncPtr Func = nullptr;
 };
+
+// The struct object of a C++ struct: StaticStruct<T>(), which the reflection data of T defines.
+template<class T>
+struct TBaseStructure
+{
+	static UScriptStruct* Get()
+	{
+		return StaticStruct<T>();
+	}
+};
+
+// The engine's core structs are reflected by CoreUObject itself.
+template<> COREUOBJECT_API UScriptStruct* StaticStruct<FVector>();
+template<> COREUOBJECT_API UScriptStruct* StaticStruct<FRotator>();
+template<> COREUOBJECT_API UScriptStruct* StaticStruct<FQuat>();
+template<> COREUOBJECT_API UScriptStruct* StaticStruct<FTransform>();
+template<> COREUOBJECT_API UScriptStruct* StaticStruct<FLinearColor>();
+template<> COREUOBJECT_API UScriptStruct* StaticStruct<FColor>();
+template<> COREUOBJECT_API UScriptStruct* StaticStruct<FGuid>();
 
 // The class default object of T, made on first use.
 template<class T>

@@ -27,6 +27,18 @@ namespace UECodeGen_Private
 		Name,
 		Array,
 		Enum,
+		Object,
+		WeakObject,
+		SoftObject,
+		Class,
+		SoftClass,
+		Interface,
+		Struct,
+		Text,
+		Set,
+		Map,
+		Delegate,
+		InlineMulticastDelegate,
 	};
 
 	struct FMetaDataPairParam
@@ -52,12 +64,35 @@ namespace UECodeGen_Private
 		UEnum* (*EnumFunc)() = nullptr;
 		uint32 EnumUnderlyingSize = 0;
 		bool bEnumUnderlyingSigned = false;
-		// Array: the element property and the operations on the TArray.
+		// Array and Set: the element property; Map: the key property, and the value property in ValueInner.
 		const FPropertyParams* Inner = nullptr;
+		const FPropertyParams* ValueInner = nullptr;
 		const FScriptArrayOps* ArrayOps = nullptr;
+		const FScriptSetOps* SetOps = nullptr;
+		const FScriptMapOps* MapOps = nullptr;
+		// Object kinds: the class of the referred objects (Interface: the interface class); Class and
+		// SoftClass: also the class the value must derive from.
+		UClass* (*ClassFunc)() = nullptr;
+		UClass* (*MetaClassFunc)() = nullptr;
+		// Struct: the struct.
+		UScriptStruct* (*StructFunc)() = nullptr;
+		// Delegates: the signature.
+		UFunction* (*SignatureFunctionFunc)() = nullptr;
 		const TCHAR* RepNotifyFunc = nullptr;
 		const FMetaDataPairParam* MetaData = nullptr;
 		int32 NumMetaData = 0;
+	};
+
+	// A delegate signature declared outside a class lives in the package; one declared in a class in the class.
+	struct FDelegateFunctionParams
+	{
+		const TCHAR* Name = nullptr;
+		const TCHAR* PackageName = nullptr;
+		UClass* (*OuterClassFunc)() = nullptr;
+		EFunctionFlags FunctionFlags = FUNC_None;
+		const struct FPropertyParams* const* Properties = nullptr;
+		int32 NumProperties = 0;
+		uint32 ParmsSize = 0;
 	};
 
 	struct FFunctionParams
@@ -91,6 +126,7 @@ namespace UECodeGen_Private
 		void (*ClassConstructor)(const FObjectInitializer&) = nullptr;
 		UClass* (*SuperClassFunc)() = nullptr;
 		UClass* (*WithinClassFunc)() = nullptr;
+		void (*AddReferencedObjects)(UObject*, FReferenceCollector&) = nullptr;
 		const FPropertyParams* const* Properties = nullptr;
 		int32 NumProperties = 0;
 		const FFunctionParams* const* Functions = nullptr;
@@ -105,6 +141,7 @@ namespace UECodeGen_Private
 	{
 		const TCHAR* Name = nullptr;
 		const TCHAR* PackageName = nullptr;
+		EStructFlags StructFlags = STRUCT_NoFlags;
 		UScriptStruct::ICppStructOps* (*NewStructOps)() = nullptr;
 		UScriptStruct* (*SuperFunc)() = nullptr;
 		const FPropertyParams* const* Properties = nullptr;
@@ -136,6 +173,7 @@ namespace UECodeGen_Private
 	COREUOBJECT_API void ConstructUClass(UClass*& OutClass, const FClassParams& Params);
 	COREUOBJECT_API void ConstructUScriptStruct(UScriptStruct*& OutStruct, const FStructParams& Params);
 	COREUOBJECT_API void ConstructUEnum(UEnum*& OutEnum, const FEnumParams& Params);
+	COREUOBJECT_API void ConstructUDelegateFunction(UFunction*& OutFunction, const FDelegateFunctionParams& Params);
 
 	template<class CPPSTRUCT>
 	UScriptStruct::ICppStructOps* NewCppStructOps()

@@ -6,6 +6,7 @@
 #include "UObject/Object.h"
 
 class FField;
+class FFieldVariant;
 class UStruct;
 class UField;
 
@@ -13,7 +14,15 @@ class UField;
 class COREUOBJECT_API FFieldClass
 {
 public:
-	FFieldClass(const TCHAR* InName, uint64 InId, uint64 InCastFlags, FFieldClass* InSuperClass);
+	typedef FField* (*FConstructFn)(const FFieldVariant&, const FName&, EObjectFlags);
+
+	// A class with a construct function is found by its name (FField::Construct).
+	FFieldClass(const TCHAR* InName, uint64 InId, uint64 InCastFlags, FFieldClass* InSuperClass, FConstructFn InConstructFn = nullptr);
+	static FFieldClass* GetNameToFieldClassMap(FName InName);
+	FField* Construct(const FFieldVariant& InOwner, const FName& InName, EObjectFlags InFlags = RF_NoFlags) const
+	{
+		return ConstructFn != nullptr ? ConstructFn(InOwner, InName, InFlags) : nullptr;
+	}
 	FFieldClass(const FFieldClass&) = delete;
 	FFieldClass& operator=(const FFieldClass&) = delete;
 
@@ -52,6 +61,7 @@ private:
 	uint64 Id;
 	uint64 CastFlags;
 	FFieldClass* SuperClass;
+	FConstructFn ConstructFn;
 };
 
 // The owner of a field: an object (a struct, class or function) or another field (an array's element).
@@ -128,12 +138,34 @@ public: \
 		return StaticClass(); \
 	}
 
+namespace UE::CoreUObject::Private
+{
+	template<class TFieldType>
+	FField* ConstructField(const FFieldVariant& InOwner, const FName& InName, EObjectFlags InFlags)
+	{
+		return new TFieldType(InOwner, InName, InFlags);
+	}
+	template<class TFieldType>
+	constexpr FFieldClass::FConstructFn FieldConstructFn()
+	{
+		if constexpr (__is_abstract(TFieldType))
+		{
+			return nullptr;
+		}
+		else
+		{
+			return &ConstructField<TFieldType>;
+		}
+	}
+}
+
 #define IMPLEMENT_FIELD(TClass) \
 	FFieldClass* TClass::StaticClass() \
 	{ \
-		static FFieldClass Class(TEXT(#TClass) + 1, TClass::StaticClassCastFlagsPrivate(), TClass::StaticClassCastFlagsPrivate() | TClass::Super::StaticClass()->GetCastFlags(), TClass::Super::StaticClass()); \
+		static FFieldClass Class(TEXT(#TClass) + 1, TClass::StaticClassCastFlagsPrivate(), TClass::StaticClassCastFlagsPrivate() | TClass::Super::StaticClass()->GetCastFlags(), TClass::Super::StaticClass(), UE::CoreUObject::Private::FieldConstructFn<TClass>()); \
 		return &Class; \
-	}
+	} \
+	static FFieldClass* const TClass##_RegisteredFieldClass = TClass::StaticClass();
 
 class COREUOBJECT_API FField
 {
@@ -154,6 +186,8 @@ public:
 	{
 		return StaticClass();
 	}
+	// A new field of the class of that name ("IntProperty"), or null for an unknown or abstract class.
+	static FField* Construct(const FName& FieldTypeName, const FFieldVariant& InOwner, const FName& InName, EObjectFlags InFlags);
 
 	bool IsA(const FFieldClass* FieldType) const
 	{

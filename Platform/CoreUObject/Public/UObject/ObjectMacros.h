@@ -276,6 +276,95 @@ enum class EEnumFlags
 };
 ENUM_CLASS_FLAGS(EEnumFlags);
 
+// How objects and packages are loaded (StaticLoadObject, LoadPackage).
+enum ELoadFlags : uint32
+{
+	LOAD_None = 0x00000000,
+	LOAD_Async = 0x00000001,
+	LOAD_NoWarn = 0x00000002,
+	LOAD_EditorOnly = 0x00000004,
+	LOAD_ResolvingDeferredExports = 0x00000008,
+	LOAD_Verify = 0x00000010,
+	LOAD_NoVerify = 0x00000080,
+	LOAD_IsVerifying = 0x00000100,
+	LOAD_SkipLoadImportedPackages = 0x00000200,
+	LOAD_RegenerateBulkDataGuids = 0x00000400,
+	LOAD_DisableDependencyPreloading = 0x00001000,
+	LOAD_Quiet = 0x00002000,
+	LOAD_FindIfFail = 0x00004000,
+	LOAD_MemoryReader = 0x00008000,
+	LOAD_NoRedirects = 0x00010000,
+	LOAD_ForDiff = 0x00020000,
+	LOAD_PackageForPIE = 0x00080000,
+	LOAD_DeferDependencyLoads = 0x00100000,
+	LOAD_ForFileDiff = 0x00200000,
+	LOAD_DisableCompileOnLoad = 0x00400000,
+	LOAD_DisableEngineVersionChecks = 0x00800000,
+};
+
+// How packages are saved (FSavePackageArgs::SaveFlags).
+enum ESaveFlags : uint32
+{
+	SAVE_None = 0x00000000,
+	SAVE_NoError = 0x00000001,
+	SAVE_FromAutosave = 0x00000002,
+	SAVE_KeepDirty = 0x00000004,
+	SAVE_Async = 0x00000010,
+	SAVE_Unversioned_Native = 0x00000020,
+	SAVE_CutdownPackage = 0x00000040,
+	SAVE_KeepEditorOnlyCookedPackages = 0x00000080,
+	SAVE_Concurrent = 0x00000100,
+	SAVE_DiffOnly = 0x00000200,
+	SAVE_DiffCallstack = 0x00000400,
+	SAVE_ComputeHash = 0x00000800,
+	SAVE_CompareLinker = 0x00001000,
+	SAVE_CookSoftPackageReferencesOnly = 0x00002000,
+	SAVE_BulkDataByReference = 0x00004000,
+	SAVE_Unversioned_Properties = 0x00008000,
+	SAVE_Optional = 0x00010000,
+	SAVE_AllowTimeout = 0x00020000,
+	SAVE_RehydratePayloads = 0x00040000,
+	SAVE_CookSoftPackageReferencesOnlyEditorOnly = 0x00080000,
+};
+
+enum EPackageFlags : uint32
+{
+	PKG_None = 0x00000000,
+	PKG_NewlyCreated = 0x00000001,
+	PKG_ClientOptional = 0x00000002,
+	PKG_ServerSideOnly = 0x00000004,
+	PKG_CompiledIn = 0x00000010,
+	PKG_ForDiffing = 0x00000020,
+	PKG_EditorOnly = 0x00000040,
+	PKG_Developer = 0x00000080,
+	PKG_UncookedOnly = 0x00000100,
+	PKG_Cooked = 0x00000200,
+	PKG_ContainsNoAsset = 0x00000400,
+	PKG_NotExternallyReferenceable = 0x00000800,
+	PKG_UnversionedProperties = 0x00002000,
+	PKG_ContainsMapData = 0x00004000,
+	PKG_IsSaving = 0x00008000,
+	PKG_Compiling = 0x00010000,
+	PKG_ContainsMap = 0x00020000,
+	PKG_RequiresLocalizationGather = 0x00040000,
+	PKG_PlayInEditor = 0x00100000,
+	PKG_ContainsScript = 0x00200000,
+	PKG_DisallowExport = 0x00400000,
+	PKG_DynamicImports = 0x10000000,
+	PKG_RuntimeGenerated = 0x20000000,
+	PKG_ReloadingForCooker = 0x40000000,
+	PKG_FilterEditorOnly = 0x80000000,
+};
+ENUM_CLASS_FLAGS(EPackageFlags);
+
+// Objects with these flags survive garbage collection even when nothing references them.
+#define GARBAGE_COLLECTION_KEEPFLAGS (GIsEditor ? RF_Standalone : RF_NoFlags)
+
+// Code between "#if CPP" and "#else" is C++ only; the header tool reads the other branch.
+#ifndef CPP
+#define CPP 1
+#endif
+
 // Marks the constructor call that builds an object in memory the object system already allocated.
 enum EInternal
 {

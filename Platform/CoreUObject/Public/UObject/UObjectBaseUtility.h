@@ -82,8 +82,45 @@ public:
 	}
 
 	bool IsTemplate(EObjectFlags TemplateTypes = RF_ArchetypeObject | RF_ClassDefaultObject) const;
+
+	// An object marked as garbage is destroyed by the next garbage collection even while referenced, and
+	// the references to it are cleared then.
+	void MarkAsGarbage()
+	{
+		SetFlags(RF_MirroredGarbage);
+	}
+	void ClearGarbage()
+	{
+		ClearFlags(RF_MirroredGarbage);
+	}
+	bool IsGarbage() const
+	{
+		return HasAnyFlags(RF_MirroredGarbage);
+	}
+	// Only true for objects the garbage collector is destroying.
+	bool IsUnreachable() const
+	{
+		return HasAnyFlags(RF_BeginDestroyed);
+	}
+	// A native type, or an object inside one (such as a native class's function).
+	bool IsNative() const;
+	bool IsPackageExternal() const
+	{
+		return false;
+	}
 	bool IsDefaultSubobject() const
 	{
 		return HasAnyFlags(RF_DefaultSubObject);
 	}
 };
+
+// A live object that isn't marked as garbage.
+inline bool IsValid(const UObject* Test)
+{
+	return Test != nullptr && !reinterpret_cast<const UObjectBaseUtility*>(Test)->IsGarbage() && !reinterpret_cast<const UObjectBaseUtility*>(Test)->IsUnreachable();
+}
+inline bool IsValidChecked(const UObject* Test)
+{
+	check(Test);
+	return IsValid(Test);
+}

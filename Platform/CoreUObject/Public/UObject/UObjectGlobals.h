@@ -3,8 +3,11 @@
 
 #include "CoreMinimal.h"
 #include "UObject/ObjectMacros.h"
+#include "UObject/ObjectPtr.h"
 
 class FProperty;
+class FArchive;
+class UStruct;
 
 COREUOBJECT_API DECLARE_LOG_CATEGORY_EXTERN(LogUObjectGlobals, Log, All);
 
@@ -82,6 +85,80 @@ COREUOBJECT_API FName MakeUniqueObjectName(UObject* Outer, const UClass* Class, 
 COREUOBJECT_API UObject* StaticFindObject(UClass* Class, UObject* InOuter, const TCHAR* Name, bool bExactClass = false);
 COREUOBJECT_API UObject* StaticFindObjectFast(UClass* Class, UObject* InOuter, FName InName, bool bExactClass = false, EObjectFlags ExclusiveFlags = RF_NoFlags);
 
+// The first loaded object of that class whose name (its last path part) equals Name, any outer; options
+// ask for the exact class and prefer native objects.
+enum class EFindFirstObjectOptions : uint32
+{
+	None = 0,
+	ExactClass = 1 << 1,
+	NativeFirst = 1 << 2,
+	EnsureIfAmbiguous = 1 << 3,
+};
+ENUM_CLASS_FLAGS(EFindFirstObjectOptions);
+COREUOBJECT_API UObject* StaticFindFirstObject(UClass* Class, const TCHAR* Name, EFindFirstObjectOptions Options = EFindFirstObjectOptions::None, ELogVerbosity::Type AmbiguousMessageVerbosity = ELogVerbosity::NoLogging, const TCHAR* InCurrentOperation = nullptr);
+
+class FLinkerInstancingContext;
+class UPackageMap;
+
+// Finds the object or loads its package from disk ("/Game/Maps/Main.Main", or "/Game/Maps/Main" for the
+// package's main asset). Null when neither works; logs unless LOAD_NoWarn or LOAD_Quiet is given.
+COREUOBJECT_API UObject* StaticLoadObject(UClass* Class, UObject* InOuter, const TCHAR* Name, const TCHAR* Filename = nullptr, uint32 LoadFlags = LOAD_None, UPackageMap* Sandbox = nullptr, bool bAllowObjectReconciliation = true, const FLinkerInstancingContext* InstancingContext = nullptr);
+// StaticLoadObject of a class that must be BaseClass or derive from it.
+COREUOBJECT_API UClass* StaticLoadClass(UClass* BaseClass, UObject* InOuter, const TCHAR* Name, const TCHAR* Filename = nullptr, uint32 LoadFlags = LOAD_None, UPackageMap* Sandbox = nullptr);
+// The package of that long name, loaded from its file unless it is in memory already; null when there is no such file or it can't be read.
+COREUOBJECT_API UPackage* LoadPackage(UPackage* InOuter, const TCHAR* InLongPackageName, uint32 LoadFlags, FArchive* InReaderOverride = nullptr, const FLinkerInstancingContext* InstancingContext = nullptr);
+COREUOBJECT_API UPackage* FindPackage(UObject* InOuter, const TCHAR* PackageName);
+
+// Destroys every object that nothing reachable refers to. Reachable are rooted objects, native types, objects
+// with any of KeepFlags, what FGCObjects report, and what those refer to through their outers, classes and
+// reflected object properties. Objects marked as garbage die even when referred to, and such references are cleared.
+COREUOBJECT_API void CollectGarbage(EObjectFlags KeepFlags, bool bPerformFullPurge = true);
+COREUOBJECT_API bool IsGarbageCollecting();
+
+// Told every object that an object refers to, when the garbage collector asks.
+class COREUOBJECT_API FReferenceCollector
+{
+public:
+	virtual ~FReferenceCollector() = default;
+
+	// May clear the reference, when it refers to an object marked as garbage.
+	virtual void HandleObjectReference(UObject*& Object, const UObject* ReferencingObject, const FProperty* ReferencingProperty) = 0;
+
+	template<class UObjectType>
+	void AddReferencedObject(UObjectType*& Object, const UObject* ReferencingObject = nullptr, const FProperty* ReferencingProperty = nullptr)
+	{
+		HandleObjectReference(*reinterpret_cast<UObject**>(&Object), ReferencingObject, ReferencingProperty);
+	}
+	template<class UObjectType>
+	void AddReferencedObject(const UObjectType*& Object, const UObject* ReferencingObject = nullptr, const FProperty* ReferencingProperty = nullptr)
+	{
+		HandleObjectReference(*const_cast<UObject**>(reinterpret_cast<const UObject**>(&Object)), ReferencingObject, ReferencingProperty);
+	}
+	template<class UObjectType>
+	void AddReferencedObject(TObjectPtr<UObjectType>& Object, const UObject* ReferencingObject = nullptr, const FProperty* ReferencingProperty = nullptr)
+	{
+		HandleObjectReference(*reinterpret_cast<UObject**>(&Object), ReferencingObject, ReferencingProperty);
+	}
+	template<class UObjectType>
+	void AddReferencedObjects(TArray<UObjectType*>& ObjectArray, const UObject* ReferencingObject = nullptr, const FProperty* ReferencingProperty = nullptr)
+	{
+		for (UObjectType*& Object : ObjectArray)
+		{
+			AddReferencedObject(Object, ReferencingObject, ReferencingProperty);
+		}
+	}
+	template<class UObjectType>
+	void AddReferencedObjects(TArray<TObjectPtr<UObjectType>>& ObjectArray, const UObject* ReferencingObject = nullptr, const FProperty* ReferencingProperty = nullptr)
+	{
+		for (TObjectPtr<UObjectType>& Object : ObjectArray)
+		{
+			AddReferencedObject(Object, ReferencingObject, ReferencingProperty);
+		}
+	}
+	// The object references held in a value of a reflected struct.
+	void AddPropertyReferences(const UStruct* Struct, void* Container, const UObject* ReferencingObject = nullptr);
+};
+
 // Registers the reflected types of code that was linked in since the last call. Lookups by name call it.
 COREUOBJECT_API void ProcessNewlyLoadedUObjects();
 
@@ -122,4 +199,31 @@ template<class T>
 T* NewObject(UObject* Outer, FName Name, EObjectFlags Flags = RF_NoFlags, UObject* Template = nullptr, bool bCopyTransientsFromClassDefaults = false)
 {
 	return NewObject<T>(Outer, T::StaticClass(), Name, Flags, Template, bCopyTransientsFromClassDefaults);
+}
+
+template<class T>
+T* LoadObject(UObject* Outer, const TCHAR* Name, const TCHAR* Filename = nullptr, uint32 LoadFlags = LOAD_None, UPackageMap* Sandbox = nullptr, const FLinkerInstancingContext* InstancingContext = nullptr)
+{
+	return static_cast<T*>(StaticLoadObject(T::StaticClass(), Outer, Name, Filename, LoadFlags, Sandbox, true, InstancingContext));
+}
+
+template<class T>
+UClass* LoadClass(UObject* Outer, const TCHAR* Name, const TCHAR* Filename = nullptr, uint32 LoadFlags = LOAD_None, UPackageMap* Sandbox = nullptr)
+{
+	return StaticLoadClass(T::StaticClass(), Outer, Name, Filename, LoadFlags, Sandbox);
+}
+
+template<class T>
+T* FindFirstObject(const TCHAR* Name, EFindFirstObjectOptions Options = EFindFirstObjectOptions::None, ELogVerbosity::Type AmbiguousMessageVerbosity = ELogVerbosity::NoLogging, const TCHAR* InCurrentOperation = nullptr)
+{
+	return static_cast<T*>(StaticFindFirstObject(T::StaticClass(), Name, Options, AmbiguousMessageVerbosity, InCurrentOperation));
+}
+
+// A new object of the same class with the same property values, named and placed anew; its inner objects
+// are copied too and references among them point to the copies.
+COREUOBJECT_API UObject* StaticDuplicateObject(const UObject* SourceObject, UObject* DestOuter, const FName DestName = NAME_None, EObjectFlags FlagMask = RF_AllFlags, UClass* DestClass = nullptr);
+template<class T>
+T* DuplicateObject(const T* SourceObject, UObject* Outer, const FName Name = NAME_None)
+{
+	return static_cast<T*>(StaticDuplicateObject(SourceObject, Outer, Name));
 }

@@ -6,6 +6,11 @@
 #include "UObject/Field.h"
 #include "UObject/Class.h"
 #include "UObject/PropertyPortFlags.h"
+#include "UObject/ObjectPtr.h"
+#include "UObject/WeakObjectPtr.h"
+#include "UObject/SoftObjectPtr.h"
+#include "UObject/ScriptInterface.h"
+#include "UObject/ScriptDelegates.h"
 
 class FOutputDevice;
 
@@ -95,9 +100,10 @@ public:
 	virtual FString GetCPPMacroType(FString& ExtendedTypeText) const;
 	virtual bool SameType(const FProperty* Other) const;
 
-	// Writes the value at Data in the engine's text form; with PPF_Delimited the form can be read back
-	// from inside a list. Delta is a value to compare against, or null.
-	void ExportText_Direct(FString& ValueStr, const void* Data, const void* Delta, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const;
+	// Writes the value at Data in the engine's text form, unless it equals Delta (null: the type's default);
+	// passing the value itself as Delta always writes it. With PPF_Delimited the form can be read back
+	// from inside a list. True when something was written.
+	bool ExportText_Direct(FString& ValueStr, const void* Data, const void* Delta, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const;
 	void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const;
 	void ExportTextItem_InContainer(FString& ValueStr, const void* Container, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const;
 	bool ExportText_InContainer(int32 Index, FString& ValueStr, const void* Data, const void* Delta, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const;
@@ -105,6 +111,20 @@ public:
 	// text is not a value of this property (the value is then unchanged and ErrorText, or the log, says why).
 	const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText = nullptr) const;
 	const TCHAR* ImportText_InContainer(const TCHAR* Buffer, void* Container, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText = nullptr) const;
+
+	// Whether the property takes part in a text export or import with these flags.
+	bool ShouldPort(uint32 PortFlags = 0) const;
+	// False (with a message to ErrorHandler, or the log) when the flags forbid importing into this property.
+	bool ValidateImportFlags(uint32 PortFlags, FOutputDevice* ErrorHandler = nullptr) const;
+	// Whether the value is written to package files: not for transient or deprecated properties.
+	bool ShouldSerializeValue() const;
+
+	// The address of the value in the defaults container, or null without one.
+	template<typename ValueType>
+	const ValueType* ContainerPtrToValuePtrForDefaults(const UStruct* ContainerClass, const void* ContainerPtr, int32 ArrayIndex = 0) const
+	{
+		return ContainerPtr != nullptr ? ContainerPtrToValuePtr<ValueType>(ContainerPtr, ArrayIndex) : nullptr;
+	}
 
 	// True when the values at A and B are the same; a null B stands for the default value.
 	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const = 0;
@@ -215,7 +235,15 @@ public:
 
 	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override
 	{
-		return B ? GetPropertyValue(A) == GetPropertyValue(B) : GetPropertyValue(A) == TCppType();
+		if constexpr (requires(const TCppType& Left, const TCppType& Right) { Left == Right; })
+		{
+			return B ? GetPropertyValue(A) == GetPropertyValue(B) : GetPropertyValue(A) == TCppType();
+		}
+		else
+		{
+			// Types without == say how they compare in their own property class.
+			return false;
+		}
 	}
 	virtual int32 GetMinAlignment() const override
 	{
@@ -601,6 +629,529 @@ private:
 	const FArrayProperty* Property;
 	void* Array;
 	int32 ElementSize;
+};
+
+// The type-erased storage of an array, set or map property that reflection made at run time (a Blueprint
+// variable): element after element, each laid out as the element property says.
+struct FScriptContainerStorage
+{
+	uint8* Data = nullptr;
+	int32 Num = 0;
+	int32 Max = 0;
+};
+
+// The base of the properties that refer to objects: strong, weak, soft, class and soft class references.
+class COREUOBJECT_API FObjectPropertyBase : public FProperty
+{
+	DECLARE_FIELD(FObjectPropertyBase, FProperty, CASTCLASS_FObjectPropertyBase)
+
+public:
+	FObjectPropertyBase(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FObjectPropertyBase(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UClass* InClass);
+
+	// The object held at the value's address (loaded, for soft references, only if already in memory).
+	virtual UObject* GetObjectPropertyValue(const void* PropertyValueAddress) const = 0;
+	virtual void SetObjectPropertyValue(void* PropertyValueAddress, UObject* Value) const = 0;
+	UObject* GetObjectPropertyValue_InContainer(const void* ContainerAddress, int32 ArrayIndex = 0) const
+	{
+		return GetObjectPropertyValue(ContainerPtrToValuePtr<void>(ContainerAddress, ArrayIndex));
+	}
+	void SetObjectPropertyValue_InContainer(void* ContainerAddress, UObject* Value, int32 ArrayIndex = 0) const
+	{
+		SetObjectPropertyValue(ContainerPtrToValuePtr<void>(ContainerAddress, ArrayIndex), Value);
+	}
+	void SetPropertyClass(UClass* NewPropertyClass)
+	{
+		PropertyClass = NewPropertyClass;
+	}
+	virtual bool SameType(const FProperty* Other) const override;
+	virtual FString GetCPPTypeCustom(FString* ExtendedTypeText, uint32 CPPExportFlags, const FString& InnerNativeTypeName) const;
+
+	// The engine's text form of a reference: "/Script/Engine.StaticMesh'/Game/Cube.Cube'", or "None".
+	static FString GetExportPath(const UObject* Object, const UObject* Parent = nullptr, const UObject* ExportRootScope = nullptr, const uint32 PortFlags = PPF_None);
+	// Reads a reference written in any of the engine's forms and finds (or loads) the object; false
+	// when the text names no object of the class.
+	static bool ParseObjectPropertyValue(const FProperty* Property, UObject* OwnerObject, UClass* RequiredMetaClass, uint32 PortFlags, const TCHAR*& Buffer, UObject*& out_ResolvedValue, FOutputDevice* ErrorText = nullptr);
+	static UObject* FindImportedObject(const FProperty* Property, UObject* OwnerObject, UClass* ObjectClass, UClass* RequiredMetaClass, const TCHAR* Text, uint32 PortFlags = 0);
+
+	// The class the referred objects must be of.
+	UClass* PropertyClass = nullptr;
+
+protected:
+	virtual void ExportText_Internal(FString& ValueStr, const void* PropertyValueOrContainer, EPropertyPointerType PointerType, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const override;
+	virtual const TCHAR* ImportText_Internal(const TCHAR* Buffer, void* ContainerOrPropertyPtr, EPropertyPointerType PointerType, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const override;
+	// The class a class reference's value must derive from; null for object references.
+	virtual UClass* GetRequiredMetaClass() const
+	{
+		return nullptr;
+	}
+};
+
+// A strong reference: TObjectPtr<T> or T*. Keeps its object alive.
+class COREUOBJECT_API FObjectProperty : public FObjectPropertyBase
+{
+	DECLARE_FIELD(FObjectProperty, FObjectPropertyBase, CASTCLASS_FObjectProperty)
+
+public:
+	typedef TObjectPtr<UObject> TCppType;
+
+	FObjectProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FObjectProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UClass* InClass);
+
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override;
+	virtual int32 GetMinAlignment() const override
+	{
+		return alignof(UObject*);
+	}
+	virtual UObject* GetObjectPropertyValue(const void* PropertyValueAddress) const override
+	{
+		return *static_cast<UObject* const*>(PropertyValueAddress);
+	}
+	virtual void SetObjectPropertyValue(void* PropertyValueAddress, UObject* Value) const override
+	{
+		*static_cast<UObject**>(PropertyValueAddress) = Value;
+	}
+	static UObject* GetPropertyValue(const void* A)
+	{
+		return *static_cast<UObject* const*>(A);
+	}
+	static void SetPropertyValue(void* A, UObject* Value)
+	{
+		*static_cast<UObject**>(A) = Value;
+	}
+	UObject* GetPropertyValue_InContainer(const void* A, int32 ArrayIndex = 0) const
+	{
+		return GetObjectPropertyValue(ContainerPtrToValuePtr<void>(A, ArrayIndex));
+	}
+	void SetPropertyValue_InContainer(void* A, UObject* Value, int32 ArrayIndex = 0) const
+	{
+		SetObjectPropertyValue(ContainerPtrToValuePtr<void>(A, ArrayIndex), Value);
+	}
+
+protected:
+	virtual void CopyValuesInternal(void* Dest, const void* Src, int32 Count) const override;
+};
+
+// A class reference: TSubclassOf<T>, UClass* or TObjectPtr<UClass>; MetaClass is the T.
+class COREUOBJECT_API FClassProperty : public FObjectProperty
+{
+	DECLARE_FIELD(FClassProperty, FObjectProperty, CASTCLASS_FClassProperty)
+
+public:
+	FClassProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FClassProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UClass* InMetaClass);
+
+	void SetMetaClass(UClass* NewMetaClass)
+	{
+		MetaClass = NewMetaClass;
+	}
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual bool SameType(const FProperty* Other) const override;
+
+	UClass* MetaClass = nullptr;
+
+protected:
+	virtual UClass* GetRequiredMetaClass() const override
+	{
+		return MetaClass;
+	}
+};
+
+// A weak reference: TWeakObjectPtr<T>.
+class COREUOBJECT_API FWeakObjectProperty : public FObjectPropertyBase
+{
+	DECLARE_FIELD(FWeakObjectProperty, FObjectPropertyBase, CASTCLASS_FWeakObjectProperty)
+
+public:
+	typedef FWeakObjectPtr TCppType;
+
+	FWeakObjectProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FWeakObjectProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UClass* InClass);
+
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override;
+	virtual int32 GetMinAlignment() const override
+	{
+		return alignof(FWeakObjectPtr);
+	}
+	virtual UObject* GetObjectPropertyValue(const void* PropertyValueAddress) const override;
+	virtual void SetObjectPropertyValue(void* PropertyValueAddress, UObject* Value) const override;
+
+protected:
+	virtual void CopyValuesInternal(void* Dest, const void* Src, int32 Count) const override;
+	virtual void InitializeValueInternal(void* Dest) const override;
+	virtual void DestroyValueInternal(void* Dest) const override;
+	virtual void ClearValueInternal(void* Data) const override;
+};
+
+// A soft reference: TSoftObjectPtr<T>; a path, with the object if it is loaded.
+class COREUOBJECT_API FSoftObjectProperty : public FObjectPropertyBase
+{
+	DECLARE_FIELD(FSoftObjectProperty, FObjectPropertyBase, CASTCLASS_FSoftObjectProperty)
+
+public:
+	typedef FSoftObjectPtr TCppType;
+
+	FSoftObjectProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FSoftObjectProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UClass* InClass);
+
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override;
+	virtual int32 GetMinAlignment() const override
+	{
+		return alignof(FSoftObjectPtr);
+	}
+	virtual UObject* GetObjectPropertyValue(const void* PropertyValueAddress) const override;
+	virtual void SetObjectPropertyValue(void* PropertyValueAddress, UObject* Value) const override;
+	const FSoftObjectPtr& GetPropertyValue(const void* A) const
+	{
+		return *static_cast<const FSoftObjectPtr*>(A);
+	}
+	void SetPropertyValue(void* A, const FSoftObjectPtr& Value) const
+	{
+		*static_cast<FSoftObjectPtr*>(A) = Value;
+	}
+
+protected:
+	virtual void ExportText_Internal(FString& ValueStr, const void* PropertyValueOrContainer, EPropertyPointerType PointerType, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const override;
+	virtual const TCHAR* ImportText_Internal(const TCHAR* Buffer, void* ContainerOrPropertyPtr, EPropertyPointerType PointerType, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const override;
+	virtual void CopyValuesInternal(void* Dest, const void* Src, int32 Count) const override;
+	virtual void InitializeValueInternal(void* Dest) const override;
+	virtual void DestroyValueInternal(void* Dest) const override;
+	virtual void ClearValueInternal(void* Data) const override;
+};
+
+// A soft class reference: TSoftClassPtr<T>; MetaClass is the T.
+class COREUOBJECT_API FSoftClassProperty : public FSoftObjectProperty
+{
+	DECLARE_FIELD(FSoftClassProperty, FSoftObjectProperty, CASTCLASS_FSoftClassProperty)
+
+public:
+	FSoftClassProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FSoftClassProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UClass* InMetaClass);
+
+	void SetMetaClass(UClass* NewMetaClass)
+	{
+		MetaClass = NewMetaClass;
+	}
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual bool SameType(const FProperty* Other) const override;
+
+	UClass* MetaClass = nullptr;
+
+protected:
+	virtual UClass* GetRequiredMetaClass() const override
+	{
+		return MetaClass;
+	}
+};
+
+// An object together with its interface part: TScriptInterface<IFoo>; InterfaceClass is UFoo.
+class COREUOBJECT_API FInterfaceProperty : public FProperty
+{
+	DECLARE_FIELD(FInterfaceProperty, FProperty, CASTCLASS_FInterfaceProperty)
+
+public:
+	FInterfaceProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FInterfaceProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UClass* InInterfaceClass);
+
+	void SetInterfaceClass(UClass* NewInterfaceClass)
+	{
+		InterfaceClass = NewInterfaceClass;
+	}
+	const FScriptInterface& GetPropertyValue(const void* A) const
+	{
+		return *static_cast<const FScriptInterface*>(A);
+	}
+	void SetPropertyValue(void* A, const FScriptInterface& Value) const
+	{
+		*static_cast<FScriptInterface*>(A) = Value;
+	}
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual bool SameType(const FProperty* Other) const override;
+	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override;
+	virtual int32 GetMinAlignment() const override
+	{
+		return alignof(FScriptInterface);
+	}
+
+	UClass* InterfaceClass = nullptr;
+
+protected:
+	virtual void ExportText_Internal(FString& ValueStr, const void* PropertyValueOrContainer, EPropertyPointerType PointerType, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const override;
+	virtual const TCHAR* ImportText_Internal(const TCHAR* Buffer, void* ContainerOrPropertyPtr, EPropertyPointerType PointerType, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const override;
+	virtual void CopyValuesInternal(void* Dest, const void* Src, int32 Count) const override;
+};
+
+// A value of a reflected struct, such as FVector: "(X=1.000000,Y=2.000000,Z=3.000000)" as text.
+class COREUOBJECT_API FStructProperty : public FProperty
+{
+	DECLARE_FIELD(FStructProperty, FProperty, CASTCLASS_FStructProperty)
+
+public:
+	FStructProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FStructProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UScriptStruct* InStruct);
+
+	// Sets the struct and the element size from it.
+	void SetStruct(UScriptStruct* InStruct);
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual FString GetCPPMacroType(FString& ExtendedTypeText) const override;
+	virtual bool SameType(const FProperty* Other) const override;
+	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override;
+	virtual int32 GetMinAlignment() const override;
+	virtual void LinkInternal() override;
+
+	UScriptStruct* Struct = nullptr;
+
+protected:
+	virtual void ExportText_Internal(FString& ValueStr, const void* PropertyValueOrContainer, EPropertyPointerType PointerType, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const override;
+	virtual const TCHAR* ImportText_Internal(const TCHAR* Buffer, void* ContainerOrPropertyPtr, EPropertyPointerType PointerType, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const override;
+	virtual void CopyValuesInternal(void* Dest, const void* Src, int32 Count) const override;
+	virtual void InitializeValueInternal(void* Dest) const override;
+	virtual void DestroyValueInternal(void* Dest) const override;
+	virtual void ClearValueInternal(void* Data) const override;
+};
+
+// What a set property needs to work on a native TSet whose element type it only knows through its element property.
+struct FScriptSetOps
+{
+	int32 Size;
+	int32 Alignment;
+	void (*Construct)(void* Set);
+	void (*Destruct)(void* Set);
+	int32 (*Num)(const void* Set);
+	// Visits the elements in the set's order.
+	void (*ForEach)(const void* Set, TFunctionRef<void(const void* Element)> Visit);
+	// Copies the element in; an equal element already there is replaced.
+	void (*Add)(void* Set, const void* Element);
+	bool (*Contains)(const void* Set, const void* Element);
+	void (*Empty)(void* Set);
+	void (*Assign)(void* Dest, const void* Src);
+};
+
+template<typename ElementType>
+struct TScriptSetOps
+{
+	static const FScriptSetOps Ops;
+};
+
+template<typename ElementType>
+const FScriptSetOps TScriptSetOps<ElementType>::Ops = {
+	sizeof(TSet<ElementType>),
+	alignof(TSet<ElementType>),
+	[](void* Set) { new (Set) TSet<ElementType>(); },
+	[](void* Set) { static_cast<TSet<ElementType>*>(Set)->~TSet<ElementType>(); },
+	[](const void* Set) { return static_cast<const TSet<ElementType>*>(Set)->Num(); },
+	[](const void* Set, TFunctionRef<void(const void*)> Visit) { for (const ElementType& Element : *static_cast<const TSet<ElementType>*>(Set)) { Visit(&Element); } },
+	[](void* Set, const void* Element) { static_cast<TSet<ElementType>*>(Set)->Add(*static_cast<const ElementType*>(Element)); },
+	[](const void* Set, const void* Element) { return static_cast<const TSet<ElementType>*>(Set)->Contains(*static_cast<const ElementType*>(Element)); },
+	[](void* Set) { static_cast<TSet<ElementType>*>(Set)->Empty(); },
+	[](void* Dest, const void* Src) { *static_cast<TSet<ElementType>*>(Dest) = *static_cast<const TSet<ElementType>*>(Src); },
+};
+
+// What a map property needs to work on a native TMap.
+struct FScriptMapOps
+{
+	int32 Size;
+	int32 Alignment;
+	void (*Construct)(void* Map);
+	void (*Destruct)(void* Map);
+	int32 (*Num)(const void* Map);
+	// Visits the pairs in the map's order.
+	void (*ForEach)(const void* Map, TFunctionRef<void(const void* Key, const void* Value)> Visit);
+	// Copies the pair in, replacing the value of an equal key.
+	void (*Add)(void* Map, const void* Key, const void* Value);
+	// The value of an equal key, or null.
+	const void* (*Find)(const void* Map, const void* Key);
+	void (*Empty)(void* Map);
+	void (*Assign)(void* Dest, const void* Src);
+};
+
+template<typename KeyType, typename ValueType>
+struct TScriptMapOps
+{
+	static const FScriptMapOps Ops;
+};
+
+template<typename KeyType, typename ValueType>
+const FScriptMapOps TScriptMapOps<KeyType, ValueType>::Ops = {
+	sizeof(TMap<KeyType, ValueType>),
+	alignof(TMap<KeyType, ValueType>),
+	[](void* Map) { new (Map) TMap<KeyType, ValueType>(); },
+	[](void* Map) { static_cast<TMap<KeyType, ValueType>*>(Map)->~TMap<KeyType, ValueType>(); },
+	[](const void* Map) { return static_cast<const TMap<KeyType, ValueType>*>(Map)->Num(); },
+	[](const void* Map, TFunctionRef<void(const void*, const void*)> Visit) { for (const auto& Pair : *static_cast<const TMap<KeyType, ValueType>*>(Map)) { Visit(&Pair.Key, &Pair.Value); } },
+	[](void* Map, const void* Key, const void* Value) { static_cast<TMap<KeyType, ValueType>*>(Map)->Add(*static_cast<const KeyType*>(Key), *static_cast<const ValueType*>(Value)); },
+	[](const void* Map, const void* Key) -> const void* { return static_cast<const TMap<KeyType, ValueType>*>(Map)->Find(*static_cast<const KeyType*>(Key)); },
+	[](void* Map) { static_cast<TMap<KeyType, ValueType>*>(Map)->Empty(); },
+	[](void* Dest, const void* Src) { *static_cast<TMap<KeyType, ValueType>*>(Dest) = *static_cast<const TMap<KeyType, ValueType>*>(Src); },
+};
+
+// A TSet; "(A,B,C)" as text. Without native operations (a set made at run time) the elements are kept in
+// FScriptContainerStorage, without duplicates.
+class COREUOBJECT_API FSetProperty : public FProperty
+{
+	DECLARE_FIELD(FSetProperty, FProperty, CASTCLASS_FSetProperty)
+
+public:
+	FSetProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FSetProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, const FScriptSetOps* InSetOps);
+	virtual ~FSetProperty();
+
+	// Takes ownership of the element property.
+	void AddCppProperty(FProperty* Property);
+	void SetSetOps(const FScriptSetOps* InSetOps);
+	const FScriptSetOps* GetSetOps() const
+	{
+		return SetOps;
+	}
+
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual FString GetCPPMacroType(FString& ExtendedTypeText) const override;
+	virtual bool SameType(const FProperty* Other) const override;
+	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override;
+	virtual int32 GetMinAlignment() const override;
+	virtual void LinkInternal() override;
+
+	// The elements of a value, in order.
+	void ForEachElement(const void* SetValue, TFunctionRef<void(const void* Element)> Visit) const;
+	int32 Num(const void* SetValue) const;
+	// Copies the element in unless an equal one is there.
+	void AddElement(void* SetValue, const void* Element) const;
+	bool ContainsElement(const void* SetValue, const void* Element) const;
+	void EmptyValue(void* SetValue) const;
+
+	FProperty* ElementProp = nullptr;
+
+protected:
+	virtual void ExportText_Internal(FString& ValueStr, const void* PropertyValueOrContainer, EPropertyPointerType PointerType, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const override;
+	virtual const TCHAR* ImportText_Internal(const TCHAR* Buffer, void* ContainerOrPropertyPtr, EPropertyPointerType PointerType, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const override;
+	virtual void CopyValuesInternal(void* Dest, const void* Src, int32 Count) const override;
+	virtual void InitializeValueInternal(void* Dest) const override;
+	virtual void DestroyValueInternal(void* Dest) const override;
+	virtual void ClearValueInternal(void* Data) const override;
+
+private:
+	const FScriptSetOps* SetOps = nullptr;
+};
+
+// A TMap; "((Key1, Value1),(Key2, Value2))" as text. Without native operations the pairs are kept in
+// FScriptContainerStorage, key then value.
+class COREUOBJECT_API FMapProperty : public FProperty
+{
+	DECLARE_FIELD(FMapProperty, FProperty, CASTCLASS_FMapProperty)
+
+public:
+	FMapProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FMapProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, const FScriptMapOps* InMapOps);
+	virtual ~FMapProperty();
+
+	// The first call takes the key property, the second the value property; ownership passes.
+	void AddCppProperty(FProperty* Property);
+	void SetMapOps(const FScriptMapOps* InMapOps);
+	const FScriptMapOps* GetMapOps() const
+	{
+		return MapOps;
+	}
+
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual FString GetCPPMacroType(FString& ExtendedTypeText) const override;
+	virtual bool SameType(const FProperty* Other) const override;
+	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override;
+	virtual int32 GetMinAlignment() const override;
+	virtual void LinkInternal() override;
+
+	void ForEachPair(const void* MapValue, TFunctionRef<void(const void* Key, const void* Value)> Visit) const;
+	int32 Num(const void* MapValue) const;
+	// Copies the pair in, replacing the value of an equal key.
+	void AddPair(void* MapValue, const void* Key, const void* Value) const;
+	const void* FindValue(const void* MapValue, const void* Key) const;
+	void EmptyValue(void* MapValue) const;
+
+	FProperty* KeyProp = nullptr;
+	FProperty* ValueProp = nullptr;
+
+protected:
+	virtual void ExportText_Internal(FString& ValueStr, const void* PropertyValueOrContainer, EPropertyPointerType PointerType, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const override;
+	virtual const TCHAR* ImportText_Internal(const TCHAR* Buffer, void* ContainerOrPropertyPtr, EPropertyPointerType PointerType, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const override;
+	virtual void CopyValuesInternal(void* Dest, const void* Src, int32 Count) const override;
+	virtual void InitializeValueInternal(void* Dest) const override;
+	virtual void DestroyValueInternal(void* Dest) const override;
+	virtual void ClearValueInternal(void* Data) const override;
+
+private:
+	const FScriptMapOps* MapOps = nullptr;
+};
+
+// A single-cast dynamic delegate (FScriptDelegate); SignatureFunction describes what it calls.
+class COREUOBJECT_API FDelegateProperty : public TProperty<FScriptDelegate, FProperty>
+{
+	DECLARE_FIELD(FDelegateProperty, FProperty, CASTCLASS_FDelegateProperty)
+
+public:
+	FDelegateProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FDelegateProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UFunction* InSignatureFunction);
+
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual bool SameType(const FProperty* Other) const override;
+
+	UFunction* SignatureFunction = nullptr;
+
+protected:
+	virtual void ExportText_Internal(FString& ValueStr, const void* PropertyValueOrContainer, EPropertyPointerType PointerType, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const override;
+	virtual const TCHAR* ImportText_Internal(const TCHAR* Buffer, void* ContainerOrPropertyPtr, EPropertyPointerType PointerType, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const override;
+};
+
+// The base of multicast dynamic delegates (event dispatchers); SignatureFunction describes what they call.
+class COREUOBJECT_API FMulticastDelegateProperty : public FProperty
+{
+	DECLARE_FIELD(FMulticastDelegateProperty, FProperty, CASTCLASS_FMulticastDelegateProperty)
+
+public:
+	FMulticastDelegateProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FMulticastDelegateProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UFunction* InSignatureFunction);
+
+	virtual const FMulticastScriptDelegate* GetMulticastDelegate(const void* PropertyValue) const = 0;
+	virtual void SetMulticastDelegate(void* PropertyValue, FMulticastScriptDelegate ScriptDelegate) const = 0;
+	virtual bool SameType(const FProperty* Other) const override;
+
+	UFunction* SignatureFunction = nullptr;
+
+protected:
+	virtual void ExportText_Internal(FString& ValueStr, const void* PropertyValueOrContainer, EPropertyPointerType PointerType, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const override;
+	virtual const TCHAR* ImportText_Internal(const TCHAR* Buffer, void* ContainerOrPropertyPtr, EPropertyPointerType PointerType, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const override;
+};
+
+// A multicast dynamic delegate held in place (FMulticastScriptDelegate): what Blueprint event dispatchers are.
+class COREUOBJECT_API FMulticastInlineDelegateProperty : public FMulticastDelegateProperty
+{
+	DECLARE_FIELD(FMulticastInlineDelegateProperty, FMulticastDelegateProperty, CASTCLASS_FMulticastInlineDelegateProperty)
+
+public:
+	FMulticastInlineDelegateProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags);
+	FMulticastInlineDelegateProperty(FFieldVariant InOwner, const FName& InName, EObjectFlags InObjectFlags, int32 InOffset, EPropertyFlags InFlags, UFunction* InSignatureFunction);
+
+	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	virtual bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override;
+	virtual int32 GetMinAlignment() const override
+	{
+		return alignof(FMulticastScriptDelegate);
+	}
+	virtual const FMulticastScriptDelegate* GetMulticastDelegate(const void* PropertyValue) const override
+	{
+		return static_cast<const FMulticastScriptDelegate*>(PropertyValue);
+	}
+	virtual void SetMulticastDelegate(void* PropertyValue, FMulticastScriptDelegate ScriptDelegate) const override
+	{
+		*static_cast<FMulticastScriptDelegate*>(PropertyValue) = MoveTemp(ScriptDelegate);
+	}
+
+protected:
+	virtual void CopyValuesInternal(void* Dest, const void* Src, int32 Count) const override;
+	virtual void InitializeValueInternal(void* Dest) const override;
+	virtual void DestroyValueInternal(void* Dest) const override;
+	virtual void ClearValueInternal(void* Data) const override;
 };
 
 namespace EPropertyChangeType

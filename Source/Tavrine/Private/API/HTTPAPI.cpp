@@ -1,11 +1,13 @@
 #include "API/HTTPAPI.h"
 
 #include "Agent/Agent.h"
+#include "Agent/FileUtils.h"
 #include "Agent/TavrineInterface.h"
 #include "HAL/PlatformTime.h"
 #include "HttpModule.h"
 #include "Misc/App.h"
 #include "Misc/EngineVersion.h"
+#include "Misc/Paths.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
 #include "Serialization/JsonWriter.h"
@@ -167,8 +169,7 @@ FString FHTTPAPI::MakeEngineVersionHeader(const FString& VersionString)
 
 FString FHTTPAPI::GetProjectTree()
 {
-	// The project tree builder isn't part of this build yet; the first request goes without a tree.
-	return FString();
+	return FFileUtils::GetSubDirectoryStructureAsJsonObject(FPaths::ProjectDir());
 }
 
 void FHTTPAPI::InitialRequest(const FString& Message)

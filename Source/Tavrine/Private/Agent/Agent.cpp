@@ -1,9 +1,12 @@
 #include "Agent/Agent.h"
 
 #include "API/HTTPAPI.h"
+#include "Agent/CompilationManager.h"
 #include "Agent/FileHistory.h"
+#include "Agent/FileUtils.h"
 #include "Agent/TavrineInterface.h"
 #include "Misc/Guid.h"
+#include "Misc/Paths.h"
 #include "TavrineSettings.h"
 #include "UObject/Class.h"
 
@@ -22,10 +25,12 @@ FAgent::FAgent()
 	Api.OnResponse.BindRaw(this, &FAgent::HandleResponse);
 	Api.OnRequestFailed.BindRaw(this, &FAgent::HandleRequestFailed);
 	Api.OnPollSent.BindRaw(this, &FAgent::HandlePollSent);
+	CompilationFinishedHandle = FCompilationManager::OnCompilationFinishedDelegate.AddRaw(this, &FAgent::OnCompilationFinished);
 }
 
 FAgent::~FAgent()
 {
+	FCompilationManager::OnCompilationFinishedDelegate.Remove(CompilationFinishedHandle);
 	FHTTPAPI& Api = FHTTPAPI::Get();
 	Api.OnStatusMessage.Unbind();
 	Api.OnRequestError.Unbind();
@@ -46,6 +51,9 @@ void FAgent::SetState(EAgentState NewState, const FAgentStateData* Data)
 	const FString Message = Data ? Data->Message : FString();
 	switch (NewState)
 	{
+	case EAgentState::Indexing:
+		EnterIndexing();
+		break;
 	case EAgentState::Idle:
 		EnterIdle();
 		break;
@@ -71,8 +79,7 @@ void FAgent::SetState(EAgentState NewState, const FAgentStateData* Data)
 		EnterEndRequest(Message);
 		break;
 	default:
-		// Indexing is entered by the project tree builder, which isn't part of this build yet; the
-		// other states only mark where the conversation stands.
+		// The other states only mark where the conversation stands.
 		break;
 	}
 
@@ -101,6 +108,15 @@ void FAgent::End(const FString& Reason)
 {
 	const FAgentStateData Data(Reason);
 	SetState(EAgentState::EndRequest, &Data);
+}
+
+void FAgent::EnterIndexing()
+{
+	// The tree is built in a later game-thread task; the agent is ready once it is done.
+	FFileUtils::GetSubDirectoryStructureAsJsonObjectAsync(FPaths::ProjectDir(), TDelegate<void(const FString&)>::CreateLambda([](const FString& Tree)
+	{
+		FAgent::Get().SetState(EAgentState::Idle);
+	}));
 }
 
 void FAgent::EnterIdle()

@@ -1,5 +1,8 @@
 #include "Agent/FileHistory.h"
 
+#include "Agent/FileUtils.h"
+#include "Misc/Paths.h"
+
 FFileHistory& FFileHistory::Get()
 {
 	static FFileHistory Instance;
@@ -92,6 +95,110 @@ bool FFileHistory::CanRedo(const FString& TransactionKey, const FString& FilePat
 {
 	const TMap<FString, FFileHistoryEntry>* Files = RedoHistories.Find(TransactionKey);
 	return Files && Files->Contains(FilePath);
+}
+
+bool FFileHistory::UndoChanges(const FString& TransactionKey, const FString& FilePath)
+{
+	if (FilePath.IsEmpty())
+	{
+		return false;
+	}
+	const TMap<FString, FFileHistoryEntry>* Files = FileHistories.Find(TransactionKey);
+	const FFileHistoryEntry* Found = Files ? Files->Find(FilePath) : nullptr;
+	if (Found == nullptr)
+	{
+		return false;
+	}
+	// A copy: storing the redo version below may grow the maps that hold the entry.
+	const FFileHistoryEntry Entry = *Found;
+
+	const FString FullPath = FPaths::ConvertRelativePathToFull(FPaths::ProjectDir(), FilePath);
+	// Taken as it comes, failure text included: the redo side is stored before the file is touched.
+	const FString CurrentContent = FFileUtils::ReadFile(FullPath);
+	StoreFileRedoVersion(TransactionKey, FilePath, CurrentContent, Entry);
+
+	EFileActionType InvertedAction = Entry.ActionType;
+	if (Entry.ActionType == EFileActionType::Creation)
+	{
+		InvertedAction = EFileActionType::Deletion;
+	}
+	else if (Entry.ActionType == EFileActionType::Deletion)
+	{
+		InvertedAction = EFileActionType::Creation;
+	}
+	// The entry stays: undo isn't consumed, so a second undo repeats the same writes.
+	return ApplyFileSystemChange(FilePath, Entry.Content, InvertedAction);
+}
+
+bool FFileHistory::RedoChanges(const FString& TransactionKey, const FString& FilePath)
+{
+	if (FilePath.IsEmpty())
+	{
+		return false;
+	}
+	const TMap<FString, FFileHistoryEntry>* Files = RedoHistories.Find(TransactionKey);
+	const FFileHistoryEntry* Found = Files ? Files->Find(FilePath) : nullptr;
+	if (Found == nullptr)
+	{
+		return false;
+	}
+	const FFileHistoryEntry Entry = *Found;
+	// The action as stored: a creation that was undone is made again, a deletion is done again.
+	return ApplyFileSystemChange(FilePath, Entry.Content, Entry.ActionType);
+}
+
+bool FFileHistory::UndoAllChanges(const FString& TransactionKey)
+{
+	bool bAllDone = true;
+	const TMap<FString, FFileHistoryEntry>* Files = FileHistories.Find(TransactionKey);
+	if (Files == nullptr)
+	{
+		return bAllDone;
+	}
+	// The paths first: undoing a file stores on the redo side, never here, but a copy keeps the walk safe.
+	TArray<FString> FilePaths;
+	Files->GetKeys(FilePaths);
+	for (const FString& FilePath : FilePaths)
+	{
+		bAllDone &= UndoChanges(TransactionKey, FilePath);
+	}
+	return bAllDone;
+}
+
+bool FFileHistory::RedoAllChanges(const FString& TransactionKey)
+{
+	bool bAllDone = true;
+	const TMap<FString, FFileHistoryEntry>* Files = RedoHistories.Find(TransactionKey);
+	if (Files == nullptr)
+	{
+		return bAllDone;
+	}
+	TArray<FString> FilePaths;
+	Files->GetKeys(FilePaths);
+	for (const FString& FilePath : FilePaths)
+	{
+		bAllDone &= RedoChanges(TransactionKey, FilePath);
+	}
+	return bAllDone;
+}
+
+bool FFileHistory::ApplyFileSystemChange(const FString& FilePath, const FString& Content, EFileActionType Action)
+{
+	// The operations' result texts are dropped: true means dispatched, not succeeded.
+	switch (Action)
+	{
+	case EFileActionType::Creation:
+		FFileUtils::CreateNewFileWithContent(FilePath, Content);
+		return true;
+	case EFileActionType::Modification:
+		FFileUtils::ReplaceFile(FilePath, Content);
+		return true;
+	case EFileActionType::Deletion:
+		FFileUtils::DeleteFile(FilePath);
+		return true;
+	default:
+		return false;
+	}
 }
 
 void FFileHistory::ClearAllHistory()

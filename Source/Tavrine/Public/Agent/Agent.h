@@ -91,6 +91,11 @@ public:
 	/** Finds the handler of a tool by name, in any case, and gives its text in Out. */
 	void RunTool(FString& Out, const FString& Name, const FString& Id, const TSharedPtr<FJsonObject>& Input);
 
+	/** Starts a compile of the game code for the tool call ToolUseId; the result comes to OnCompilationFinished. */
+	void Compile(const FString& ToolUseId, const TArray<TSharedPtr<FJsonValue>>& InMessages);
+	/** Keeps a finished compile's result for the next request; sends nothing and leaves the state alone. */
+	void OnCompilationFinished(const TArray<TSharedPtr<FJsonObject>>& InMessages, FString ToolUseId, FString Output, bool bSuccess);
+
 private:
 	FAgent();
 
@@ -106,6 +111,7 @@ private:
 	static const FToolEntry* FindTool(const FString& Name);
 
 	// Entry actions of the states.
+	void EnterIndexing();
 	void EnterIdle();
 	void EnterInitialRequest(const FString& Message);
 	void EnterRegularRequest(const FString& Message);
@@ -135,6 +141,22 @@ private:
 	// Tool handlers, one per tool.
 	FString HandleFinish(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 
+	// Editor tools: compiling the game code and running Python.
+	FString HandleCompile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleExecutePythonScript(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+
+	// File tools: each keeps the undo data before its change and shows the diff after one that worked.
+	FString HandleCreateFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleCreateCppFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleCreateNewCppFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleUpdateAndReplaceCppFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleUpdateFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleInsertIntoFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleDeleteFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleDeleteCppFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleReadFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleGetFilesystemTree(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+
 	EAgentState State = EAgentState::None;
 	FString ConversationId;
 	FString UndoConversationId;
@@ -145,4 +167,6 @@ private:
 	TSharedPtr<FJsonObject> LastResponse;
 	bool bPaused = false;
 	bool bConfirmed = false;
+	/** The binding to the compilation manager's completion event, for the agent's lifetime. */
+	FDelegateHandle CompilationFinishedHandle;
 };

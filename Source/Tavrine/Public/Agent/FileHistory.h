@@ -43,6 +43,14 @@ public:
 	bool CanUndo(const FString& TransactionKey, const FString& FilePath) const;
 	bool CanRedo(const FString& TransactionKey, const FString& FilePath) const;
 
+	/** Puts one file back as it was before the transaction; false when the history has nothing for it. */
+	bool UndoChanges(const FString& TransactionKey, const FString& FilePath);
+	/** Applies again what an undo of the file took back; false when there is nothing to redo. */
+	bool RedoChanges(const FString& TransactionKey, const FString& FilePath);
+	/** Undoes every file of the transaction; false if any file had nothing to undo. */
+	bool UndoAllChanges(const FString& TransactionKey);
+	bool RedoAllChanges(const FString& TransactionKey);
+
 	void ClearAllHistory();
 
 	const FFileHistoryMap& GetFileHistories() const { return FileHistories; }
@@ -52,6 +60,8 @@ private:
 	FFileHistory() = default;
 
 	void StoreEntry(const FString& TransactionKey, const FString& FilePath, const FString& Content, EFileActionType ActionType);
+	/** Dispatches the file operation for the action; true means dispatched, not that it succeeded. */
+	bool ApplyFileSystemChange(const FString& FilePath, const FString& Content, EFileActionType Action);
 
 	FFileHistoryMap FileHistories;
 	FFileHistoryMap RedoHistories;

@@ -1,0 +1,3 @@
+#include "SourceControlLog.h"
+
+DEFINE_LOG_CATEGORY(LogSourceControl);

@@ -1,0 +1,116 @@
+// Undo and redo of a conversation's file changes, played on real files the way the tool handlers store them.
+#include "Agent/FileHistory.h"
+#include "Agent/FileUtils.h"
+#include "FilesTestFixture.h"
+
+namespace
+{
+	const FString Conversation = TEXT("0123456789ABCDEF0123456789ABCDEF");
+
+	class FFileHistoryOnDiskTest : public FFilesTest
+	{
+	protected:
+		void SetUp() override
+		{
+			FFilesTest::SetUp();
+			History.ClearAllHistory();
+		}
+
+		// Each change stores its undo data first, as the handlers do.
+		void Create(const FString& Path, const FString& Text)
+		{
+			History.StoreFileCreation(Conversation, Path, Text);
+			FFileUtils::CreateNewFileWithContent(Path, Text);
+		}
+
+		void Modify(const FString& Path, const FString& OldString, const FString& NewString)
+		{
+			History.StoreFileVersion(Conversation, Path, FFileUtils::ReadFile(Path));
+			FString Original;
+			FString Updated;
+			FFileUtils::UpdateFile(Path, OldString, NewString, Original, Updated);
+		}
+
+		void Delete(const FString& Path)
+		{
+			History.StoreFileDeletion(Conversation, Path, FFileUtils::ReadFile(Path));
+			FFileUtils::DeleteFile(Path);
+		}
+
+		const FFileHistoryEntry& RedoEntry(const TCHAR* Path) const
+		{
+			return History.GetRedoHistories().FindChecked(Conversation).FindChecked(Path);
+		}
+
+		FFileHistory& History = FFileHistory::Get();
+	};
+}
+
+TEST_F(FFileHistoryOnDiskTest, UndoAndRedoOfAConversationPutEveryFileBackAndForth)
+{
+	WriteBytes(TEXT("Source/Kept.cpp"), "int Value = 1;\n");
+	WriteBytes(TEXT("Source/Removed.h"), "#pragma once\n");
+	Create(TEXT("Source/New.cpp"), TEXT("// new\n"));
+	// Edited after its creation: the creation entry stays, so undo deletes the file.
+	Modify(TEXT("Source/New.cpp"), TEXT("new"), TEXT("newer"));
+	Modify(TEXT("Source/Kept.cpp"), TEXT("1"), TEXT("2"));
+	Modify(TEXT("Source/Kept.cpp"), TEXT("2"), TEXT("3"));
+	Delete(TEXT("Source/Removed.h"));
+
+	EXPECT_TRUE(History.UndoAllChanges(Conversation));
+	EXPECT_FALSE(Exists(TEXT("Source/New.cpp")));
+	// A modification comes back through the whole-content rewrite, a deletion through creation.
+	EXPECT_EQ(ReadBytes(TEXT("Source/Kept.cpp")), Utf8Bom + "int Value = 1;\n");
+	EXPECT_EQ(ReadBytes(TEXT("Source/Removed.h")), "#pragma once\n");
+	EXPECT_EQ(RedoEntry(TEXT("Source/New.cpp")).Content, TEXT("// new\n"));
+	EXPECT_EQ(RedoEntry(TEXT("Source/Kept.cpp")).Content, TEXT("int Value = 3;\n"));
+	EXPECT_EQ(RedoEntry(TEXT("Source/Removed.h")).ActionType, EFileActionType::Deletion);
+
+	EXPECT_TRUE(History.RedoAllChanges(Conversation));
+	// Redo makes the file as it was created; the later edit was never stored.
+	EXPECT_EQ(ReadBytes(TEXT("Source/New.cpp")), "// new\n");
+	EXPECT_EQ(ReadBytes(TEXT("Source/Kept.cpp")), Utf8Bom + "int Value = 3;\n");
+	EXPECT_FALSE(Exists(TEXT("Source/Removed.h")));
+
+	// Nothing was consumed: undo works again with the same entries, and takes the newest text for redo.
+	WriteBytes(TEXT("Source/Kept.cpp"), "int Value = 4;\n");
+	EXPECT_TRUE(History.UndoAllChanges(Conversation));
+	EXPECT_EQ(RedoEntry(TEXT("Source/Kept.cpp")).Content, TEXT("int Value = 4;\n"));
+	EXPECT_EQ(ReadBytes(TEXT("Source/Kept.cpp")), Utf8Bom + "int Value = 1;\n");
+	EXPECT_TRUE(Exists(TEXT("Source/Removed.h")));
+	EXPECT_FALSE(Exists(TEXT("Source/New.cpp")));
+}
+
+TEST_F(FFileHistoryOnDiskTest, MissingEntriesAreRefusedAndFailedRewritesStillCountAsDone)
+{
+	WriteBytes(TEXT("A.txt"), "a");
+	Modify(TEXT("A.txt"), TEXT("a"), TEXT("b"));
+	EXPECT_FALSE(History.UndoChanges(Conversation, FString()));
+	EXPECT_FALSE(History.UndoChanges(TEXT("other"), TEXT("A.txt")));
+	EXPECT_FALSE(History.RedoChanges(Conversation, TEXT("A.txt")));
+	EXPECT_TRUE(History.UndoAllChanges(TEXT("unknown")));
+	EXPECT_EQ(ReadBytes(TEXT("A.txt")), Utf8Bom + "b");
+
+	// Deleted since its modification: it can't be rewritten, yet the undo counts as done, and the redo
+	// side keeps the read's failure text.
+	FFileUtils::DeleteFile(TEXT("A.txt"));
+	EXPECT_TRUE(History.UndoAllChanges(Conversation));
+	EXPECT_FALSE(Exists(TEXT("A.txt")));
+	EXPECT_TRUE(RedoEntry(TEXT("A.txt")).Content.StartsWith(TEXT("Error: File does not exist: ")));
+
+	// An empty creation is undone and redone; an undone deletion comes back through creation, which
+	// picks UTF-16 for non-ASCII text where the file was UTF-8.
+	Create(TEXT("Empty.txt"), FString());
+	WriteBytes(TEXT("Text.txt"), Utf8Bom + "caf\xC3\xA9");
+	Delete(TEXT("Text.txt"));
+	EXPECT_TRUE(History.UndoChanges(Conversation, TEXT("Empty.txt")));
+	EXPECT_TRUE(History.UndoChanges(Conversation, TEXT("Text.txt")));
+	EXPECT_FALSE(Exists(TEXT("Empty.txt")));
+	EXPECT_EQ(ReadBytes(TEXT("Text.txt")), Utf16LeBom + Utf16LeBytes(TEXT("caf\u00e9")));
+	EXPECT_TRUE(History.RedoChanges(Conversation, TEXT("Empty.txt")));
+	EXPECT_EQ(ReadBytes(TEXT("Empty.txt")), "");
+
+	History.ClearAllHistory();
+	EXPECT_FALSE(History.CanUndo(Conversation, TEXT("A.txt")));
+	EXPECT_FALSE(History.CanRedo(Conversation, TEXT("Empty.txt")));
+}
