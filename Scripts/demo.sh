@@ -5,7 +5,6 @@ set -euo pipefail
 ROOT="$(cd "$(dirname "$0")/.." && pwd)"
 BUILD_DIR="${BUILD_DIR:-$ROOT/build}"
 SCENARIO="${SCENARIO:-$ROOT/Samples/Scenarios/Demo.json}"
-PROJECT="${PROJECT:-$ROOT/Samples/SampleProject}"
 PORT="${PORT:-8443}"
 API_KEY="${API_KEY:-local-demo-key}"
 
@@ -13,6 +12,17 @@ BUILD_DIR="$BUILD_DIR" "$ROOT/Scripts/build.sh" >/dev/null
 
 DEMO_DIR="$BUILD_DIR/demo"
 mkdir -p "$DEMO_DIR"
+
+# Without PROJECT the demo plays on a fresh copy of the sample project in a git repository of its own,
+# so the changes it makes never touch this checkout and source control has a work tree to stage into.
+if [ -z "${PROJECT:-}" ]; then
+	PROJECT="$DEMO_DIR/SampleProject"
+	rm -rf "$PROJECT"
+	cp -R "$ROOT/Samples/SampleProject" "$PROJECT"
+	git -C "$PROJECT" init -q
+	git -C "$PROJECT" add -A
+	git -C "$PROJECT" -c user.name="Tavrine demo" -c user.email="demo@localhost" commit -q -m "Sample project"
+fi
 "$BUILD_DIR/Tools/LocalBackend/tavrine-backend" --scenario "$SCENARIO" \
 	--cert "$DEMO_DIR/cert.pem" --key "$DEMO_DIR/key.pem" --port "$PORT" \
 	--api-key "$API_KEY" --record "$DEMO_DIR/requests.jsonl" >"$DEMO_DIR/backend.log" 2>&1 &

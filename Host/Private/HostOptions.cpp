@@ -14,7 +14,7 @@ const char* GetHostUsage()
 		   "  --timeout SECONDS give up on a turn after this long (default 600)\n"
 		   "  --verbose         print every engine log line, not only warnings and errors\n"
 		   "  --source-control  git: stage new files, unstage or stage deletions through git; none: no\n"
-		   "                    source control; auto (default): git when the project is a work tree's top\n"
+		   "                    source control; auto (default): git when the project is in a work tree\n"
 		   "Commands in interactive mode: plain text sends a message; /continue [TEXT], /approve, /pause,\n"
 		   "/cancel [REASON], /end [REASON], /state, /help, /quit.\n";
 }

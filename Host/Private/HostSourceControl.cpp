@@ -3,27 +3,27 @@
 #include "CoreMinimal.h"
 #include "ISourceControlModule.h"
 
-#include <filesystem>
-
-bool SelectSourceControl(const std::string& Choice, const std::string& ProjectDir, std::string& Error)
+bool SelectSourceControl(const std::string& Choice, std::string& Error)
 {
 	ISourceControlModule& SourceControl = ISourceControlModule::Get();
-	// The top of a work tree holds ".git" (a folder, or a file for linked work trees and submodules).
-	// A project nested in another repository (this one's sample project, for instance) is left alone
-	// unless git is asked for: its new files would be staged in that other repository.
-	std::error_code FileError;
-	const bool bWantGit = Choice == "git" || (Choice == "auto" && std::filesystem::exists(std::filesystem::path(ProjectDir) / ".git", FileError));
-	if (!bWantGit)
+	if (Choice == "none")
 	{
 		SourceControl.SetProvider(FName(TEXT("None")));
 		return true;
 	}
 	SourceControl.SetProvider(FName(TEXT("Git")));
-	if (!SourceControl.GetProvider().IsAvailable())
+	if (SourceControl.GetProvider().IsAvailable())
 	{
-		Error = "git source control is not available: " + std::string(TCHAR_TO_UTF8(*SourceControl.GetProvider().GetStatusText().ToString()));
-		SourceControl.SetProvider(FName(TEXT("None")));
+		return true;
+	}
+	// Git's own reason, read before the switch to "None" replaces it with that provider's text.
+	const FString Reason = SourceControl.GetProvider().GetStatusText().ToString();
+	SourceControl.SetProvider(FName(TEXT("None")));
+	if (Choice == "git")
+	{
+		Error = "git source control is not available: " + std::string(TCHAR_TO_UTF8(*Reason));
 		return false;
 	}
+	// "auto": a project outside any git work tree simply has no source control.
 	return true;
 }

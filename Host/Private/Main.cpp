@@ -144,9 +144,11 @@ namespace
 			FHttpStandInSettings::SetExtraCaFile(UTF8_TO_TCHAR(std::filesystem::absolute(Options.CaFile).string().c_str()));
 		}
 
+		// The editor's engine (GEngine, GEditor and its undo queue) is there before any plugin.
+		FModuleManager::Get().LoadModule(TEXT("UnrealEd"));
 		// The editor loads the plugins that Tavrine depends on before Tavrine itself.
 		FModuleManager::Get().LoadModule(TEXT("PythonScriptPlugin"));
-		if (!SelectSourceControl(Options.SourceControl, ProjectDir, Error))
+		if (!SelectSourceControl(Options.SourceControl, Error))
 		{
 			std::fprintf(stderr, "tavrine: %s\n", Error.c_str());
 			GLog->RemoveOutputDevice(&LogDevice);

@@ -5,7 +5,7 @@ import os
 
 from .errors import HeaderError
 from .generated_header import enum_cpp_type, module_api
-from .specifiers import (class_flags, enum_metadata, enumerator_metadata, finish_metadata, function_flags,
+from .macro_flags import (class_flags, enum_metadata, enumerator_metadata, finish_metadata, function_flags,
                          property_flags, struct_metadata)
 from .types import resolve_kind
 

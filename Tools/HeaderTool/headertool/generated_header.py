@@ -1,7 +1,7 @@
 """Writes <Name>.generated.h: the per-line body macros that GENERATED_BODY() expands to, and the
 declarations that let other files reach a header's reflected enums and classes."""
 
-from .specifiers import class_flags
+from .macro_flags import class_flags
 
 
 def _macro(lines):

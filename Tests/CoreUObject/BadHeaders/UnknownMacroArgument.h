@@ -1,7 +1,7 @@
 #pragma once
 
 #include "UObject/Object.h"
-#include "UnknownSpecifier.generated.h"
+#include "UnknownMacroArgument.generated.h"
 
 UCLASS()
 class UTypo : public UObject
