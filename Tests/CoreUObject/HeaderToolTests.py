@@ -14,7 +14,7 @@ from headertool.errors import HeaderError  # noqa: E402
 from headertool.generated_cpp import write_generated_cpp  # noqa: E402
 from headertool.generated_header import write_generated_header  # noqa: E402
 from headertool.parser import parse_header  # noqa: E402
-from headertool.specifiers import class_flags, finish_metadata, property_flags  # noqa: E402
+from headertool.macro_flags import class_flags, finish_metadata, property_flags  # noqa: E402
 from headertool.types import resolve_kind  # noqa: E402
 
 PROLOGUE = '#pragma once\n#include "UObject/Object.h"\n#include "Test.generated.h"\n'

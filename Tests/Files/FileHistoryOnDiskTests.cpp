@@ -1,4 +1,5 @@
-// Undo and redo of a conversation's file changes, played on real files the way the tool handlers store them.
+// Undo and redo of a conversation's file changes: what the history keeps, and how it plays back on real
+// files stored the way the tool handlers store them.
 #include "Agent/FileHistory.h"
 #include "Agent/FileUtils.h"
 #include "FilesTestFixture.h"
@@ -39,7 +40,12 @@ namespace
 
 		const FFileHistoryEntry& RedoEntry(const TCHAR* Path) const
 		{
-			return History.GetRedoHistories().FindChecked(Conversation).FindChecked(Path);
+			return RedoEntryOf(Conversation, Path);
+		}
+
+		const FFileHistoryEntry& RedoEntryOf(const FString& TransactionKey, const TCHAR* Path) const
+		{
+			return History.GetRedoHistories().FindChecked(TransactionKey).FindChecked(Path);
 		}
 
 		FFileHistory& History = FFileHistory::Get();
@@ -113,4 +119,45 @@ TEST_F(FFileHistoryOnDiskTest, MissingEntriesAreRefusedAndFailedRewritesStillCou
 	History.ClearAllHistory();
 	EXPECT_FALSE(History.CanUndo(Conversation, TEXT("A.txt")));
 	EXPECT_FALSE(History.CanRedo(Conversation, TEXT("Empty.txt")));
+}
+
+TEST_F(FFileHistoryOnDiskTest, UndoSideKeepsTheFirstStoreRedoSideTheLastAndOnlyANewEntryDropsRedo)
+{
+	const FString Other = TEXT("FEDCBA9876543210FEDCBA9876543210");
+	FFileHistoryEntry Modified;
+	Modified.ActionType = EFileActionType::Modification;
+	Modified.Content = TEXT("before");
+	History.StoreFileVersion(Conversation, TEXT("Source/A.cpp"), TEXT("first"));
+	History.StoreFileRedoVersion(Other, TEXT("Source/B.cpp"), TEXT("redo one"), Modified);
+	History.StoreFileRedoVersion(Other, TEXT("Source/B.cpp"), TEXT("redo two"), Modified);
+
+	// Neither a second store of a stored file (its path in other letter case) nor an empty version adds
+	// anything, so neither touches the redo side.
+	History.StoreFileVersion(Conversation, TEXT("source/a.CPP"), TEXT("second"));
+	History.StoreFileDeletion(Conversation, TEXT("Source/A.cpp"), TEXT("third"));
+	History.StoreFileVersion(Conversation, TEXT("Source/Empty.cpp"), FString());
+	History.StoreFileCreation(Conversation, FString(), TEXT("no path"));
+	const FFileHistoryEntry& Kept = History.GetFileHistories().FindChecked(Conversation).FindChecked(TEXT("Source/A.cpp"));
+	EXPECT_EQ(Kept.ActionType, EFileActionType::Modification);
+	EXPECT_EQ(Kept.Content, TEXT("first"));
+	EXPECT_EQ(History.GetFileHistories().FindChecked(Conversation).Num(), 1);
+	ASSERT_TRUE(History.CanRedo(Other, TEXT("Source/B.cpp")));
+	EXPECT_EQ(RedoEntryOf(Other, TEXT("Source/B.cpp")).Content, TEXT("redo two"));
+
+	// A redo version of a modification is the current text, unless that is empty; of a creation or a
+	// deletion, the undo entry's own text; of anything else, nothing.
+	FFileHistoryEntry Created;
+	Created.ActionType = EFileActionType::Creation;
+	Created.Content = TEXT("created");
+	History.StoreFileRedoVersion(Other, TEXT("Source/B.cpp"), FString(), Modified);
+	History.StoreFileRedoVersion(Other, TEXT("Source/C.cpp"), TEXT("ignored"), Created);
+	History.StoreFileRedoVersion(Other, TEXT("Source/D.cpp"), TEXT("text"), FFileHistoryEntry());
+	EXPECT_EQ(RedoEntryOf(Other, TEXT("Source/B.cpp")).Content, TEXT("redo two"));
+	EXPECT_EQ(RedoEntryOf(Other, TEXT("Source/C.cpp")).Content, TEXT("created"));
+	EXPECT_FALSE(History.CanRedo(Other, TEXT("Source/D.cpp")));
+
+	// A new file in any transaction drops the redo side of all of them.
+	History.StoreFileCreation(Conversation, TEXT("Source/New.cpp"), FString());
+	EXPECT_TRUE(History.GetRedoHistories().IsEmpty());
+	EXPECT_TRUE(History.CanUndo(Conversation, TEXT("SOURCE/NEW.cpp")));
 }

@@ -50,6 +50,9 @@ TEST_F(FFileOperationsTest, ReadsGiveTheTextUnchangedAndLineRangesClampAndReport
 		{TEXT("Five.txt"), 9, 12, Invalid + TEXT("Five.txt (StartLine: 9, EndLine: 5, Total Lines: 5)")},
 		// Only -1 means "to the end"; another negative end is kept.
 		{TEXT("Five.txt"), 1, -2, Invalid + TEXT("Five.txt (StartLine: 1, EndLine: -2, Total Lines: 5)")},
+		// The extremes of the type are reported as given, not wrapped around.
+		{TEXT("Five.txt"), 1, MIN_int32, Invalid + TEXT("Five.txt (StartLine: 1, EndLine: -2147483648, Total Lines: 5)")},
+		{TEXT("Five.txt"), MAX_int32, MAX_int32, Invalid + TEXT("Five.txt (StartLine: 2147483647, EndLine: 5, Total Lines: 5)")},
 		{TEXT("Empty.txt"), 1, -1, Invalid + TEXT("Empty.txt (StartLine: 1, EndLine: 0, Total Lines: 0)")},
 	};
 	for (const auto& Case : Cases)

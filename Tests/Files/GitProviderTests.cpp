@@ -55,7 +55,10 @@ TEST_F(FGitProviderTest, FileOperationsStageAddsAndDeletionsAndFindNothingToChec
 	// Untracked: nothing to check out, nothing to remove.
 	EXPECT_FALSE(FFileUtils::CheckoutFileFromSourceControl(ProjectPath(TEXT("Source/Untracked.cpp"))));
 	EXPECT_EQ(FFileUtils::DeleteFile(TEXT("Source/Untracked.cpp")), TEXT("Successfully deleted file: Source/Untracked.cpp"));
-	// The added file's add is taken back before it leaves the disk; the tracked file's deletion is staged.
+	// The added file, changed since it was staged, has its add taken back before it leaves the disk; the
+	// tracked file's deletion is staged.
+	EXPECT_EQ(FFileUtils::UpdateFile(NewFile, TEXT("int New;"), TEXT("int Newer;"), Original, Updated), TEXT("Successfully updated file: ") + NewFile + TEXT(" with 1 replacements"));
+	EXPECT_TRUE(HasStatus("Source/New [1]*.cpp", "AM"));
 	EXPECT_EQ(FFileUtils::DeleteFile(NewFile), TEXT("Successfully deleted file: ") + NewFile);
 	EXPECT_TRUE(HasStatus("Source/New [1]*.cpp", ""));
 	EXPECT_FALSE(Exists(NewFile));
@@ -67,6 +70,7 @@ TEST_F(FGitProviderTest, FileOperationsStageAddsAndDeletionsAndFindNothingToChec
 							 TEXT("Warning: File ") + ProjectPath(TEXT("Source/Tracked.cpp")) + TEXT(" cannot be checked out (it may already be checked out)"),
 							 TEXT("Warning: File ") + ProjectPath(TEXT("Source/Untracked.cpp")) + TEXT(" is not under source control"),
 							 TEXT("Display: File ") + ProjectPath(TEXT("Source/Untracked.cpp")) + TEXT(" is not under source control, nothing to remove"),
+							 TEXT("Warning: File ") + ProjectPath(NewFile) + TEXT(" cannot be checked out (it may already be checked out)"),
 							 TEXT("Display: Successfully reverted addition of ") + ProjectPath(NewFile) + TEXT(" from source control"),
 							 TEXT("Display: Successfully marked ") + ProjectPath(TEXT("Source/Tracked.cpp")) + TEXT(" for deletion in source control"),
 						 }));

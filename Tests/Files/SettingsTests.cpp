@@ -179,4 +179,8 @@ TEST_F(FSettingsTest, ReflectionDataDescribesTheSettingsPage)
 	EXPECT_EQ(Groups->GetDisplayNameTextByValue(19).ToString(), TEXT("VR/AR Assets"));
 	EXPECT_EQ(Groups->GetMetaData(TEXT("ToolTip")), TEXT("Asset group categories for filtering in file tree"));
 	EXPECT_EQ(StaticEnum<ETavrineBlueprintContentFilter>()->GetMetaData(TEXT("ToolTip")), TEXT("Enum defining filtering options for Blueprint content usage"));
+	// The other two have no description, nor do their values: a code comment must not turn into one.
+	EXPECT_FALSE(StaticEnum<ETavrineMode>()->HasMetaData(TEXT("ToolTip")));
+	EXPECT_FALSE(StaticEnum<ETavrineMode>()->HasMetaData(TEXT("ToolTip"), 0));
+	EXPECT_FALSE(StaticEnum<ETavrineLogDeletionPolicy>()->HasMetaData(TEXT("ToolTip")));
 }

@@ -4,13 +4,15 @@
 #include "UObject/Object.h"
 #include "TavrineSettings.generated.h"
 
-/** How far the assistant may go on its own. */
+//~ Comments that begin with "//~" stay out of the reflection data, whose descriptions the settings page shows.
+
+//~ How far the assistant may go on its own.
 UENUM(BlueprintType)
 enum class ETavrineMode : uint8
 {
-	/** Tool calls wait for the user's approval. */
+	//~ Tool calls wait for the user's approval.
 	ExplainerMode UMETA(DisplayName = "Explainer Mode"),
-	/** Tool calls run as soon as they arrive. */
+	//~ Tool calls run as soon as they arrive.
 	ExplainerAndImplementerMode UMETA(DisplayName = "Explainer And Implementer Mode")
 };
 
@@ -23,7 +25,7 @@ enum class ETavrineBlueprintContentFilter : uint8
 	UseOnlyBlueprintClassContent UMETA(DisplayName = "Use Only Blueprint Class Content")
 };
 
-/** How long the daily prompt logs are kept; applied when the editor starts. */
+//~ How long the daily prompt logs are kept; applied when the editor starts.
 UENUM(BlueprintType)
 enum class ETavrineLogDeletionPolicy : uint8
 {
@@ -61,10 +63,8 @@ enum class EAssetGroupCategory : uint8
 	Custom UMETA(DisplayName = "Custom Assets")
 };
 
-/**
- * Per-user settings of the assistant, reached through GetDefault<UTavrineSettings>(). Stored in the
- * per-user editor settings so that one developer's key and filters never land in the project.
- */
+//~ Per-user settings of the assistant, reached through GetDefault<UTavrineSettings>(). Stored in the
+//~ per-user editor settings so that one developer's key and filters never land in the project.
 UCLASS(config = EditorPerUserSettings)
 class TAVRINE_API UTavrineSettings : public UObject
 {
@@ -79,7 +79,7 @@ public:
 	UPROPERTY(config, EditAnywhere, Category = "Tavrine|Interface", meta = (DisplayName = "Display File Changes In Chat", ToolTip = "Enables or disables the display of file modifications, creations, and deletions in the chat interface"))
 	bool bDisplayFileChangesInChat = true;
 
-	/** A button in disguise: ticking it restores the list, and it clears itself at once. */
+	//~ A button in disguise: ticking it restores the list, and it clears itself at once.
 	UPROPERTY(EditAnywhere, Category = "Tavrine|Filtering|File|Extensions", meta = (ToolTip = "Reset Supported File Extensions"))
 	bool bResetSupportedFileExtensions = false;
 

@@ -351,8 +351,9 @@ bool FGitSourceControlProvider::RunOperation(const FSourceControlOperationRef& I
 			}
 			if (WorkingCopyState == EGitWorkingCopyState::Added)
 			{
-				// Unstaging keeps the file on disk, now untracked.
-				bAllReverted &= RunOnFiles({"rm", "--cached", "--quiet"}, {File}, InOperation);
+				// Unstaging keeps the file on disk, now untracked. Forced, since git otherwise refuses an
+				// added file that was changed after it was staged, the usual case after an edit.
+				bAllReverted &= RunOnFiles({"rm", "--cached", "--force", "--quiet"}, {File}, InOperation);
 			}
 			else if (WorkingCopyState == EGitWorkingCopyState::Modified || WorkingCopyState == EGitWorkingCopyState::Deleted)
 			{

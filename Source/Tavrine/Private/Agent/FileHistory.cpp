@@ -2,6 +2,38 @@
 
 #include "Agent/FileUtils.h"
 #include "Misc/Paths.h"
+#include "Templates/Function.h"
+
+namespace
+{
+	const FFileHistoryEntry* FindEntry(const FFileHistoryMap& Histories, const FString& TransactionKey, const FString& FilePath)
+	{
+		const TMap<FString, FFileHistoryEntry>* Files = Histories.Find(TransactionKey);
+		return Files != nullptr ? Files->Find(FilePath) : nullptr;
+	}
+
+	/**
+	 * Calls ApplyToFile for each file of the transaction, in the map's order, going on after a failure.
+	 * False if any call gave false; a transaction that isn't there counts as done.
+	 */
+	bool ApplyToEveryFile(const FFileHistoryMap& Histories, const FString& TransactionKey, TFunctionRef<bool(const FString&)> ApplyToFile)
+	{
+		const TMap<FString, FFileHistoryEntry>* Files = Histories.Find(TransactionKey);
+		if (Files == nullptr)
+		{
+			return true;
+		}
+		// The paths first: undoing a file stores on the redo side, never here, but a copy keeps the walk safe.
+		TArray<FString> FilePaths;
+		Files->GetKeys(FilePaths);
+		bool bAllDone = true;
+		for (const FString& FilePath : FilePaths)
+		{
+			bAllDone &= ApplyToFile(FilePath);
+		}
+		return bAllDone;
+	}
+}
 
 FFileHistory& FFileHistory::Get()
 {
@@ -87,14 +119,12 @@ void FFileHistory::StoreFileRedoVersion(const FString& TransactionKey, const FSt
 
 bool FFileHistory::CanUndo(const FString& TransactionKey, const FString& FilePath) const
 {
-	const TMap<FString, FFileHistoryEntry>* Files = FileHistories.Find(TransactionKey);
-	return Files && Files->Contains(FilePath);
+	return FindEntry(FileHistories, TransactionKey, FilePath) != nullptr;
 }
 
 bool FFileHistory::CanRedo(const FString& TransactionKey, const FString& FilePath) const
 {
-	const TMap<FString, FFileHistoryEntry>* Files = RedoHistories.Find(TransactionKey);
-	return Files && Files->Contains(FilePath);
+	return FindEntry(RedoHistories, TransactionKey, FilePath) != nullptr;
 }
 
 bool FFileHistory::UndoChanges(const FString& TransactionKey, const FString& FilePath)
@@ -103,8 +133,7 @@ bool FFileHistory::UndoChanges(const FString& TransactionKey, const FString& Fil
 	{
 		return false;
 	}
-	const TMap<FString, FFileHistoryEntry>* Files = FileHistories.Find(TransactionKey);
-	const FFileHistoryEntry* Found = Files ? Files->Find(FilePath) : nullptr;
+	const FFileHistoryEntry* Found = FindEntry(FileHistories, TransactionKey, FilePath);
 	if (Found == nullptr)
 	{
 		return false;
@@ -136,8 +165,7 @@ bool FFileHistory::RedoChanges(const FString& TransactionKey, const FString& Fil
 	{
 		return false;
 	}
-	const TMap<FString, FFileHistoryEntry>* Files = RedoHistories.Find(TransactionKey);
-	const FFileHistoryEntry* Found = Files ? Files->Find(FilePath) : nullptr;
+	const FFileHistoryEntry* Found = FindEntry(RedoHistories, TransactionKey, FilePath);
 	if (Found == nullptr)
 	{
 		return false;
@@ -149,37 +177,18 @@ bool FFileHistory::RedoChanges(const FString& TransactionKey, const FString& Fil
 
 bool FFileHistory::UndoAllChanges(const FString& TransactionKey)
 {
-	bool bAllDone = true;
-	const TMap<FString, FFileHistoryEntry>* Files = FileHistories.Find(TransactionKey);
-	if (Files == nullptr)
+	return ApplyToEveryFile(FileHistories, TransactionKey, [this, &TransactionKey](const FString& FilePath)
 	{
-		return bAllDone;
-	}
-	// The paths first: undoing a file stores on the redo side, never here, but a copy keeps the walk safe.
-	TArray<FString> FilePaths;
-	Files->GetKeys(FilePaths);
-	for (const FString& FilePath : FilePaths)
-	{
-		bAllDone &= UndoChanges(TransactionKey, FilePath);
-	}
-	return bAllDone;
+		return UndoChanges(TransactionKey, FilePath);
+	});
 }
 
 bool FFileHistory::RedoAllChanges(const FString& TransactionKey)
 {
-	bool bAllDone = true;
-	const TMap<FString, FFileHistoryEntry>* Files = RedoHistories.Find(TransactionKey);
-	if (Files == nullptr)
+	return ApplyToEveryFile(RedoHistories, TransactionKey, [this, &TransactionKey](const FString& FilePath)
 	{
-		return bAllDone;
-	}
-	TArray<FString> FilePaths;
-	Files->GetKeys(FilePaths);
-	for (const FString& FilePath : FilePaths)
-	{
-		bAllDone &= RedoChanges(TransactionKey, FilePath);
-	}
-	return bAllDone;
+		return RedoChanges(TransactionKey, FilePath);
+	});
 }
 
 bool FFileHistory::ApplyFileSystemChange(const FString& FilePath, const FString& Content, EFileActionType Action)

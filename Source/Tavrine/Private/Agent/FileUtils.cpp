@@ -23,6 +23,34 @@ namespace
 		return FPlatformFileManager::Get().GetPlatformFile();
 	}
 
+	// The loads that the operations share. Each gives an empty text on success, else the failure text,
+	// which names ShownPath: the operations differ in whether the model sees its own path or the full one.
+	FString LoadText(const FString& FullPath, const FString& ShownPath, FString& OutText)
+	{
+		if (!PlatformFile().FileExists(*FullPath))
+		{
+			return FString::Printf(TEXT("Error: File does not exist: %s"), *ShownPath);
+		}
+		if (!FFileHelper::LoadFileToString(OutText, *FullPath))
+		{
+			return FString::Printf(TEXT("Error: Failed to read file: %s"), *ShownPath);
+		}
+		return FString();
+	}
+
+	FString LoadLines(const FString& FullPath, const FString& ShownPath, TArray<FString>& OutLines)
+	{
+		if (!PlatformFile().FileExists(*FullPath))
+		{
+			return FString::Printf(TEXT("Error: File does not exist: %s"), *ShownPath);
+		}
+		if (!FFileHelper::LoadFileToStringArray(OutLines, *FullPath))
+		{
+			return FString::Printf(TEXT("Error: Failed to read file: %s"), *ShownPath);
+		}
+		return FString();
+	}
+
 	/**
 	 * The form used only to test whether the model's text is in the file: every CR LF made LF, then every
 	 * tab made four spaces. One pass into one buffer, since the file's copy may be tens of megabytes.
@@ -132,14 +160,11 @@ FString FFileUtils::CreateNewFileWithContent(const FString& FilePath, const FStr
 FString FFileUtils::ReadFile(const FString& FilePath)
 {
 	const FString FullPath = ToFullPath(FilePath);
-	if (!PlatformFile().FileExists(*FullPath))
-	{
-		return FString::Printf(TEXT("Error: File does not exist: %s"), *FullPath);
-	}
 	FString Content;
-	if (!FFileHelper::LoadFileToString(Content, *FullPath))
+	const FString LoadFailure = LoadText(FullPath, FullPath, Content);
+	if (!LoadFailure.IsEmpty())
 	{
-		return FString::Printf(TEXT("Error: Failed to read file: %s"), *FullPath);
+		return LoadFailure;
 	}
 	return Content;
 }
@@ -147,29 +172,27 @@ FString FFileUtils::ReadFile(const FString& FilePath)
 FString FFileUtils::ReadFileLineRange(const FString& FilePath, int32 StartLine, int32 EndLine)
 {
 	const FString FullPath = ToFullPath(FilePath);
-	if (!PlatformFile().FileExists(*FullPath))
-	{
-		return FString::Printf(TEXT("Error: File does not exist: %s"), *FullPath);
-	}
 	TArray<FString> Lines;
-	if (!FFileHelper::LoadFileToStringArray(Lines, *FullPath))
+	const FString LoadFailure = LoadLines(FullPath, FullPath, Lines);
+	if (!LoadFailure.IsEmpty())
 	{
-		return FString::Printf(TEXT("Error: Failed to read file: %s"), *FullPath);
+		return LoadFailure;
 	}
 
-	const int32 LineCount = Lines.Num();
-	const int32 Start = FMath::Max(StartLine, 1) - 1;
+	// Both ends 1-based and clamped, so that no end given, however far out, overflows on the way.
 	// Only exactly -1 means "to the end"; another negative end stays and makes the range invalid.
-	const int32 End = (EndLine == -1 ? LineCount : FMath::Min(EndLine, LineCount)) - 1;
-	if (Start > End || Start >= LineCount)
+	const int32 LineCount = Lines.Num();
+	const int32 FirstLine = FMath::Max(StartLine, 1);
+	const int32 LastLine = EndLine == -1 ? LineCount : FMath::Min(EndLine, LineCount);
+	if (FirstLine > LastLine || FirstLine > LineCount)
 	{
-		return FString::Printf(TEXT("Error: Invalid line range for file: %s (StartLine: %d, EndLine: %d, Total Lines: %d)"), *FilePath, Start + 1, End + 1, LineCount);
+		return FString::Printf(TEXT("Error: Invalid line range for file: %s (StartLine: %d, EndLine: %d, Total Lines: %d)"), *FilePath, FirstLine, LastLine, LineCount);
 	}
 
 	FString Result;
-	for (int32 Index = Start; Index <= End; ++Index)
+	for (int32 Index = FirstLine - 1; Index < LastLine; ++Index)
 	{
-		if (Index > Start)
+		if (Index >= FirstLine)
 		{
 			Result += TEXT("\n");
 		}
@@ -181,13 +204,11 @@ FString FFileUtils::ReadFileLineRange(const FString& FilePath, int32 StartLine, 
 FString FFileUtils::UpdateFile(const FString& FilePath, const FString& OldString, const FString& NewString, FString& OutOriginalContent, FString& OutUpdatedContent)
 {
 	const FString FullPath = ToFullPath(FilePath);
-	if (!PlatformFile().FileExists(*FullPath))
+	// The text as loaded stays the caller's on every later failure.
+	const FString LoadFailure = LoadText(FullPath, FilePath, OutOriginalContent);
+	if (!LoadFailure.IsEmpty())
 	{
-		return FString::Printf(TEXT("Error: File does not exist: %s"), *FilePath);
-	}
-	if (!FFileHelper::LoadFileToString(OutOriginalContent, *FullPath))
-	{
-		return FString::Printf(TEXT("Error: Failed to read file: %s"), *FilePath);
+		return LoadFailure;
 	}
 
 	// The model often sends LF where the file has CR LF, or spaces where it has tabs: the presence test
@@ -260,14 +281,11 @@ void FFileUtils::ReplaceLineInFile(const FString& FilePath, int32 LineNumber, co
 FString FFileUtils::InsertIntoFile(const FString& FilePath, int32 InsertLine, const FString& Text)
 {
 	const FString FullPath = ToFullPath(FilePath);
-	if (!PlatformFile().FileExists(*FullPath))
-	{
-		return FString::Printf(TEXT("Error: File does not exist: %s"), *FilePath);
-	}
 	TArray<FString> Lines;
-	if (!FFileHelper::LoadFileToStringArray(Lines, *FullPath))
+	const FString LoadFailure = LoadLines(FullPath, FilePath, Lines);
+	if (!LoadFailure.IsEmpty())
 	{
-		return FString::Printf(TEXT("Error: Failed to read file: %s"), *FilePath);
+		return LoadFailure;
 	}
 
 	// InsertLine counts the lines that stay above the new text.

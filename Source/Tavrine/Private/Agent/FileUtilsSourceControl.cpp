@@ -6,6 +6,7 @@
 #include "ISourceControlModule.h"
 #include "ISourceControlProvider.h"
 #include "ISourceControlState.h"
+#include "Modules/ModuleManager.h"
 #include "SourceControlOperations.h"
 
 namespace
