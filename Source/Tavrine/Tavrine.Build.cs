@@ -33,7 +33,9 @@ public class Tavrine : ModuleRules
 		);
 
 		// Found by name at run time for the compile and Python tools; only their interfaces are used here.
-		PrivateDependencyModuleNames.AddRange(new string[] { "LiveCoding", "HotReload", "PythonScriptPlugin" });
+		// Live Coding's result code is a parameter of the compilation manager's public interface.
+		PublicDependencyModuleNames.Add("LiveCoding");
+		PrivateDependencyModuleNames.AddRange(new string[] { "HotReload", "PythonScriptPlugin" });
 
 		// Found by name at run time for the file tools' source-control steps.
 		PrivateDependencyModuleNames.Add("SourceControl");

@@ -135,6 +135,8 @@ namespace
 
 			FStandInProject::SetProjectFile(BuildTests::ToFString((ProjectDir / "SampleProject.uproject").string()));
 			FStandInProject::SetEngineDir(BuildTests::ToFString((ProjectDir / "Engine").string()));
+			// As in the editor: the engine is there before the plugins, so compiles can queue their deferred commands.
+			ASSERT_NE(FModuleManager::Get().LoadModule(TEXT("UnrealEd")), nullptr);
 			ASSERT_NE(FModuleManager::Get().LoadModule(TEXT("Tavrine")), nullptr);
 			ASSERT_NE(FModuleManager::Get().LoadModule(TEXT("PythonScriptPlugin")), nullptr);
 		}

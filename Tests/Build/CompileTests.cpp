@@ -2,9 +2,12 @@
 
 #include "Agent/CompilationManager.h"
 #include "BuildTestEnvironment.h"
+#include "Engine/Engine.h"
+#include "Engine/StaticMesh.h"
 #include "ILiveCodingModule.h"
 #include "Misc/HotReloadInterface.h"
 #include "Modules/ModuleManager.h"
+#include "UObject/Package.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +26,20 @@ namespace
 		std::string ToolId;
 		std::string Logs;
 		bool bSuccess = false;
+		bool bOnGameThread = false;
+		/** The deferred commands queued when the outcome was told. */
+		std::vector<std::string> DeferredCommands;
 	};
+
+	std::vector<std::string> QueuedDeferredCommands()
+	{
+		std::vector<std::string> Commands;
+		for (const FString& Command : GEngine->DeferredCommands)
+		{
+			Commands.push_back(ToUtf8(Command));
+		}
+		return Commands;
+	}
 
 	ILiveCodingModule& LiveCoding()
 	{
@@ -48,9 +64,10 @@ protected:
 	{
 		Handle = FCompilationManager::OnCompilationFinishedDelegate.AddLambda([this](const TArray<TSharedPtr<FJsonObject>>& Messages, FString ToolId, FString Logs, bool bSuccess)
 		{
-			Reports.push_back(FReport { Messages.Num(), ToUtf8(ToolId), ToUtf8(Logs), bSuccess });
+			Reports.push_back(FReport { Messages.Num(), ToUtf8(ToolId), ToUtf8(Logs), bSuccess, IsInGameThread(), QueuedDeferredCommands() });
 		});
 		LiveCoding().EnableForSession(true);
+		ASSERT_NE(GEngine, nullptr);
 	}
 
 	void TearDown() override
@@ -137,11 +154,18 @@ TEST_F(CompileTest, HotReloadRunsWhenLiveCodingIsOffAndReportsOnTheGameThreadLat
 	EXPECT_TRUE(Contains(Broken.Logs, "\n[LogCompile] ")) << Broken.Logs;
 	EXPECT_FALSE(HotReload().OnModuleCompilerFinished().IsBound()) << "a binding serves one compile";
 
+	EXPECT_TRUE(Broken.bOnGameThread);
+
+	// A second request while the build runs starts nothing: the running build's end reports once, to it.
 	RestoreProject();
 	Compile("toolu_hot_fixed");
+	Compile("toolu_hot_asked_again", 1);
 	ASSERT_TRUE(WaitForReports(2));
+	PumpUntil([]() { return false; }, 0.5);
+	ASSERT_EQ(Reports.size(), 2u);
 	EXPECT_TRUE(Reports[1].bSuccess) << Reports[1].Logs;
-	EXPECT_EQ(Reports.size(), 2u);
+	EXPECT_EQ(Reports[1].ToolId, "toolu_hot_asked_again");
+	EXPECT_EQ(Reports[1].MessageCount, 1);
 }
 
 TEST_F(CompileTest, ProjectWithoutBuildCommandHasNoLiveCodingAndFailsThroughHotReload)
@@ -172,4 +196,62 @@ TEST_F(CompileTest, CapturesOnlyTheCompileCategoriesAndFiltersWithoutCase)
 	// Each compile starts from an empty list.
 	FCompilationManager::CaptureCompilationLogs();
 	EXPECT_EQ(FCompilationManager::GetCompilationLogs().Num(), 0);
+}
+
+TEST_F(CompileTest, OnlySuccessAndNoChangesSucceedAndTheRescanIsQueuedAroundTheReport)
+{
+	const FString BuildToolLog = TEXT("Module.cpp:3:1: error: expected ';'\n");
+	FCompilationManager::CaptureCompilationLogs();
+	for (int32 Code = 0; Code <= 7; ++Code)
+	{
+		GEngine->DeferredCommands.Reset();
+		FCompilationManager::OnLiveCodingCompilationFinished(Code == 7 ? FString() : BuildToolLog, static_cast<ELiveCodingCompileResult>(Code));
+		ASSERT_EQ(Reports.size(), static_cast<size_t>(Code + 1));
+		const bool bExpectSuccess = Code == 0 || Code == 1;
+		EXPECT_EQ(Reports.back().bSuccess, bExpectSuccess) << "result code " << Code;
+		// On this path the rescan is queued before the agent hears of the outcome.
+		EXPECT_EQ(Reports.back().DeferredCommands, bExpectSuccess ? std::vector<std::string> { "RescanAllBlueprintClasses" } : std::vector<std::string> {}) << "result code " << Code;
+	}
+	EXPECT_EQ(Reports[0].Logs, "--- LiveCoding Console Output ---\nModule.cpp:3:1: error: expected ';'\n");
+	FCompilationManager::OnLiveCodingCompilationFinished(FString(), ELiveCodingCompileResult::NoChanges);
+	EXPECT_EQ(Reports.back().Logs, "");
+	EXPECT_TRUE(Reports.back().bSuccess);
+
+	// The two parts together, captured lines in the order they were logged.
+	UE_LOG(LogLiveCoding, Display, TEXT("first"));
+	UE_LOG(LogCompile, Error, TEXT("second"));
+	FCompilationManager::OnLiveCodingCompilationFinished(BuildToolLog, ELiveCodingCompileResult::Failure);
+	EXPECT_EQ(Reports.back().Logs, "--- LiveCoding Console Output ---\nModule.cpp:3:1: error: expected ';'\n\n\n--- General Compilation Logs ---\n[LogLiveCoding] first\n[LogCompile] second\n");
+
+	// Hot Reload: the compiler's output, then a line end before each captured line; the rescan comes after the report.
+	GEngine->DeferredCommands.Reset();
+	FCompilationManager::OnHotReloadCompilationFinished(TEXT("[Compile] Module.cpp"), ECompilationResult::Succeeded, false);
+	EXPECT_EQ(Reports.back().Logs, "[Compile] Module.cpp\n[LogLiveCoding] first\n[LogCompile] second");
+	EXPECT_TRUE(Reports.back().bSuccess);
+	EXPECT_TRUE(Reports.back().DeferredCommands.empty());
+	EXPECT_EQ(QueuedDeferredCommands(), (std::vector<std::string> { "RescanAllBlueprintClasses", "HotReload.ModuleCompilationFinished" }));
+	// The engine runs them on a later tick.
+	PumpUntil([]() { return GEngine->DeferredCommands.IsEmpty(); }, 5.0);
+	EXPECT_TRUE(GEngine->DeferredCommands.IsEmpty());
+
+	FCompilationManager::OnHotReloadCompilationFinished(TEXT("error"), ECompilationResult::OtherCompilationError, true);
+	EXPECT_FALSE(Reports.back().bSuccess);
+	EXPECT_TRUE(GEngine->DeferredCommands.IsEmpty());
+}
+
+TEST_F(CompileTest, DirtyPackagesAreSavedBeforeTheCompile)
+{
+	UStaticMesh* Changed = NewObject<UStaticMesh>(CreatePackage(TEXT("/Game/CompileSave/Changed")), FName(TEXT("Changed")), RF_Public | RF_Standalone);
+	UStaticMesh* Level = NewObject<UStaticMesh>(CreatePackage(TEXT("/Game/CompileSave/Level")), FName(TEXT("Level")), RF_Public | RF_Standalone);
+	Level->GetOutermost()->SetPackageFlags(PKG_ContainsMap);
+	Changed->Modify();
+	Level->Modify();
+
+	Compile("toolu_saves");
+	ASSERT_EQ(Reports.size(), 1u);
+	EXPECT_FALSE(Changed->GetOutermost()->IsDirty());
+	EXPECT_FALSE(Level->GetOutermost()->IsDirty());
+	EXPECT_TRUE(std::filesystem::exists(GetProjectDir() / "Content" / "CompileSave" / "Changed.uasset"));
+	// A world package too is saved under the asset extension.
+	EXPECT_TRUE(std::filesystem::exists(GetProjectDir() / "Content" / "CompileSave" / "Level.uasset"));
 }

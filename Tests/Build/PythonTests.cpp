@@ -94,6 +94,22 @@ TEST_F(PythonTest, SyntaxErrorRunsNothingSoThereIsNoLogToRead)
 	EXPECT_TRUE(LeftoverLogs().empty());
 }
 
+TEST_F(PythonTest, ScriptThatCannotBeWrittenRunsNothing)
+{
+	// A file where the scripts' folder should be: the script can't be written.
+	const Fs::path Folder = GetProjectDir() / "Plugins" / "tavrine-unreal" / "Python";
+	Fs::remove_all(Folder);
+	WriteText(Folder, "not a folder");
+	FLogCapture Log;
+	const FPythonScriptResult Result = RunScript("print('never')");
+	Fs::remove(Folder);
+	EXPECT_FALSE(Result.bSuccess);
+	EXPECT_EQ(ToUtf8(Result.Message).rfind("Error: Failed to create directory: ", 0), 0u) << ToUtf8(Result.Message);
+	EXPECT_TRUE(Result.Details.IsEmpty());
+	EXPECT_FALSE(Log.Has("LogPython", "never"));
+	EXPECT_TRUE(LeftoverLogs().empty());
+}
+
 TEST_F(PythonTest, UnrealModuleLogsToTheEditorLog)
 {
 	FLogCapture Log;

@@ -118,6 +118,8 @@ void AActor::AddReferencedObjects(UObject* InThis, FReferenceCollector& Collecto
 
 UEngine* GEngine = nullptr;
 
+DEFINE_LOG_CATEGORY_STATIC(LogEngine, Log, All);
+
 UEngine::UEngine(const FObjectInitializer& ObjectInitializer)
 	: Super(ObjectInitializer)
 {
@@ -126,9 +128,28 @@ UEngine::UEngine(const FObjectInitializer& ObjectInitializer)
 void UEngine::Init()
 {
 	bIsInitialized = true;
+	// The stand-in's loop has no engine tick of its own: the core ticker stands in for it.
+	DeferredCommandsTickHandle = FTSTicker::GetCoreTicker().AddTicker(TEXT("DeferredCommands"), 0.0f, [this](float)
+	{
+		TickDeferredCommands();
+		return true;
+	});
 }
 
 void UEngine::PreExit()
 {
+	FTSTicker::RemoveTicker(DeferredCommandsTickHandle);
+	DeferredCommandsTickHandle.Reset();
 	bIsInitialized = false;
+}
+
+void UEngine::TickDeferredCommands()
+{
+	// A command queued by one of these waits for the next tick.
+	const TArray<FString> Commands = MoveTemp(DeferredCommands);
+	DeferredCommands.Reset();
+	for (const FString& Command : Commands)
+	{
+		UE_LOG(LogEngine, Log, TEXT("Deferred command: %s"), *Command);
+	}
 }

@@ -10,21 +10,10 @@ DEFINE_LOG_CATEGORY_STATIC(LogCompile, Log, All);
 
 namespace
 {
-	/** A compiler's line, at the verbosity its words ask for, as the editor shows a build's output. */
+	/** The compiler's lines show in the editor's log as they come. */
 	void LogCompilerLine(const FString& Line)
 	{
-		if (Line.Contains(TEXT("error")))
-		{
-			UE_LOG(LogCompile, Error, TEXT("%s"), *Line);
-		}
-		else if (Line.Contains(TEXT("warning")))
-		{
-			UE_LOG(LogCompile, Warning, TEXT("%s"), *Line);
-		}
-		else
-		{
-			UE_LOG(LogCompile, Display, TEXT("%s"), *Line);
-		}
+		FStandInProjectBuild::LogOutputLine(LogCompile.GetCategoryName(), Line);
 	}
 
 	ECompilationResult::Type ToCompilationResult(FStandInProjectBuild::EResult Result)

@@ -1,6 +1,7 @@
 #include "StandInProjectBuild.h"
 
 #include "HAL/FileManager.h"
+#include "Logging/LogMacros.h"
 #include "Misc/ConfigCacheIni.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
@@ -73,6 +74,20 @@ bool FStandInProjectBuild::IsConfigured()
 FString FStandInProjectBuild::GetLogFilePath()
 {
 	return FPaths::Combine(FPaths::EngineDir(), TEXT("Programs"), TEXT("UnrealBuildTool"), TEXT("Log.txt"));
+}
+
+void FStandInProjectBuild::LogOutputLine(const FName& Category, const FString& Line)
+{
+	ELogVerbosity::Type Verbosity = ELogVerbosity::Display;
+	if (Line.Contains(TEXT("error")))
+	{
+		Verbosity = ELogVerbosity::Error;
+	}
+	else if (Line.Contains(TEXT("warning")))
+	{
+		Verbosity = ELogVerbosity::Warning;
+	}
+	FMsg::Logf(__FILE__, __LINE__, Category, Verbosity, TEXT("%s"), *Line);
 }
 
 FStandInProjectBuild::FStandInProjectBuild(TFunction<void(const FString&)> InOnLine)

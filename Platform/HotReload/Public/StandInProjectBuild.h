@@ -47,6 +47,8 @@ public:
 	static bool IsConfigured();
 	/** The build tool's log of the last build. */
 	static FString GetLogFilePath();
+	/** Logs a line of the build's output under Category, at the verbosity its words ask for, as the editor shows a build. */
+	static void LogOutputLine(const FName& Category, const FString& Line);
 
 	/** OnLine gets each line of output as it arrives, on the thread that runs Start, Update and Wait. */
 	explicit FStandInProjectBuild(TFunction<void(const FString&)> InOnLine = nullptr);

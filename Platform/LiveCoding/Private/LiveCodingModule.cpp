@@ -10,21 +10,10 @@ DEFINE_LOG_CATEGORY_STATIC(LogLiveCoding, Log, All);
 
 namespace
 {
-	/** The console's lines reach the editor's log at the verbosity their words ask for. */
+	/** The console's lines show in the editor's log as they come. */
 	void LogConsoleLine(const FString& Line)
 	{
-		if (Line.Contains(TEXT("error")))
-		{
-			UE_LOG(LogLiveCoding, Error, TEXT("%s"), *Line);
-		}
-		else if (Line.Contains(TEXT("warning")))
-		{
-			UE_LOG(LogLiveCoding, Warning, TEXT("%s"), *Line);
-		}
-		else
-		{
-			UE_LOG(LogLiveCoding, Display, TEXT("%s"), *Line);
-		}
+		FStandInProjectBuild::LogOutputLine(LogLiveCoding.GetCategoryName(), Line);
 	}
 }
 

@@ -2,6 +2,7 @@
 
 #include "API/HTTPAPI.h"
 #include "Agent/Agent.h"
+#include "Agent/CompilationManager.h"
 #include "Agent/TavrineInterface.h"
 #include "HAL/PlatformFileManager.h"
 #include "GenericPlatform/GenericPlatformFile.h"
@@ -42,6 +43,7 @@ void FTavrineModule::ShutdownModule()
 {
 	// Cancels a running conversation while everything it uses is still there.
 	FTavrineInterface::Get().Shutdown();
+	FCompilationManager::Shutdown();
 }
 
 void FTavrineModule::ReadBackendStage()

@@ -4,6 +4,7 @@
 #include "CoreMinimal.h"
 #include "UObject/ObjectMacros.h"
 #include "UObject/Object.h"
+#include "Containers/Ticker.h"
 #include "Engine.generated.h"
 
 /**
@@ -26,6 +27,9 @@ public:
 	UPROPERTY(Transient)
 	TArray<FString> DeferredCommands;
 
+	/** Runs the deferred commands; the engine does it once a tick. Stand-in: running a command logs it. */
+	void TickDeferredCommands();
+
 	/** Whether the engine was started. */
 	bool IsInitialized() const
 	{
@@ -34,6 +38,9 @@ public:
 
 protected:
 	bool bIsInitialized = false;
+
+private:
+	FTSTicker::FDelegateHandle DeferredCommandsTickHandle;
 };
 
 // The engine of this process; in the editor the editor engine.

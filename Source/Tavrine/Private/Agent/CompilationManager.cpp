@@ -85,17 +85,10 @@ void FCompilationManager::CompileGameWithHotReload()
 	CaptureCompilationLogs();
 	SaveDirtyPackages();
 
-	FModuleManager& ModuleManager = FModuleManager::Get();
 	// A compile that started earlier and hasn't reported is cut off: its end no longer reaches us.
-	if (CompilationManagerDelegateHandle.IsValid())
-	{
-		if (ModuleManager.IsModuleLoaded(HotReloadModuleName))
-		{
-			FModuleManager::GetModuleChecked<IHotReloadInterface>(HotReloadModuleName).OnModuleCompilerFinished().Remove(CompilationManagerDelegateHandle);
-		}
-		CompilationManagerDelegateHandle.Reset();
-	}
+	RemoveHotReloadBinding();
 
+	FModuleManager& ModuleManager = FModuleManager::Get();
 	if (!ModuleManager.IsModuleLoaded(HotReloadModuleName))
 	{
 		ModuleManager.LoadModule(HotReloadModuleName);
@@ -113,6 +106,13 @@ void FCompilationManager::CompileGameWithHotReload()
 	{
 		HotReload.DoHotReloadFromEditor(EHotReloadFlags::WaitForCompletion);
 	}
+}
+
+void FCompilationManager::Shutdown()
+{
+	// The global log may go before this class's statics do; the device must not outlive its place in it.
+	LogOutputDevice.Reset();
+	RemoveHotReloadBinding();
 }
 
 void FCompilationManager::CaptureCompilationLogs()
@@ -182,11 +182,7 @@ void FCompilationManager::OnHotReloadCompilationFinished(const FString& Compiler
 	}
 
 	// A binding serves one compile.
-	if (CompilationManagerDelegateHandle.IsValid() && FModuleManager::Get().IsModuleLoaded(HotReloadModuleName))
-	{
-		FModuleManager::GetModuleChecked<IHotReloadInterface>(HotReloadModuleName).OnModuleCompilerFinished().Remove(CompilationManagerDelegateHandle);
-		CompilationManagerDelegateHandle.Reset();
-	}
+	RemoveHotReloadBinding();
 
 	Broadcast(Logs, bSuccess);
 
@@ -251,6 +247,19 @@ void FCompilationManager::RescanBlueprintClasses()
 	PathsToScan.Add(FPaths::ProjectContentDir());
 	FAssetRegistryModule& AssetRegistryModule = FModuleManager::LoadModuleChecked<FAssetRegistryModule>(AssetRegistryModuleName);
 	AssetRegistryModule.Get().ScanPathsSynchronous(PathsToScan, false, false);
+}
+
+void FCompilationManager::RemoveHotReloadBinding()
+{
+	if (!CompilationManagerDelegateHandle.IsValid())
+	{
+		return;
+	}
+	if (FModuleManager::Get().IsModuleLoaded(HotReloadModuleName))
+	{
+		FModuleManager::GetModuleChecked<IHotReloadInterface>(HotReloadModuleName).OnModuleCompilerFinished().Remove(CompilationManagerDelegateHandle);
+	}
+	CompilationManagerDelegateHandle.Reset();
 }
 
 void FCompilationManager::Broadcast(const FString& Logs, bool bSuccess)

@@ -36,6 +36,9 @@ public:
 	static void OnLiveCodingCompilationFinished(const FString& BuildToolLog, ELiveCodingCompileResult Result);
 	static void OnHotReloadCompilationFinished(const FString& CompilerOutput, ECompilationResult::Type Result, bool bShowLog);
 
+	/** Takes the log capture off the global log and drops an open Hot Reload binding; for the module's unload. */
+	static void Shutdown();
+
 	/** The one way out of this class; the agent binds to it once. */
 	static FOnCompilationFinished OnCompilationFinishedDelegate;
 
@@ -46,6 +49,8 @@ private:
 	static FString ReadBuildToolLog();
 	/** Lets the editor pick up Blueprint classes that the new code changed. */
 	static void RescanBlueprintClasses();
+	/** Leaves Hot Reload's finished event, when bound to it. */
+	static void RemoveHotReloadBinding();
 	static void Broadcast(const FString& Logs, bool bSuccess);
 
 	static TArray<TSharedPtr<FJsonObject>> StoredMessages;
