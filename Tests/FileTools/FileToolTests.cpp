@@ -49,6 +49,7 @@ TEST_F(FileToolsTest, ReadRangesAndSearchByName)
 	EXPECT_EQ(Run("read_file", R"({"path": "Notes.txt", "view_range": [5, 2]})"), "Error: Invalid line range for file: Notes.txt (StartLine: 5, EndLine: 2, Total Lines: 6)");
 	EXPECT_EQ(Run("read_file", R"({"path": "Notes.txt", "view_range": [3, -1]})"), "L3\nL4\nL5\nL6");
 	EXPECT_EQ(Run("read_file", R"({"path": "Notes.txt", "view_range": [1.9, 2.7]})"), "L1\nL2");
+	EXPECT_EQ(Run("read_file", R"({"path": "Notes.txt", "view_range": [5, 1e12]})"), "L5\nL6") << "an end past any line reads to the end";
 	for (const char* Range : { "[0, 5]", "[1, 0]", "[1, -2]", "[1, 2, 3]", "[2]", "\"1-2\"" })
 	{
 		EXPECT_EQ(Run("read_file", (std::string(R"({"path": "Notes.txt", "view_range": )") + Range + "}").c_str()), Whole) << Range;

@@ -49,8 +49,13 @@ namespace
 		{
 			return false;
 		}
-		OutStart = static_cast<int32>(First);
-		OutEnd = static_cast<int32>(Second);
+		// Cut toward zero; a number past the int32 range is held at its end rather than wrapped.
+		const auto ToLine = [](double Number)
+		{
+			return static_cast<int32>(FMath::Clamp(Number, static_cast<double>(MIN_int32), static_cast<double>(MAX_int32)));
+		};
+		OutStart = ToLine(First);
+		OutEnd = ToLine(Second);
 		return OutStart >= 1 && (OutEnd > 0 || OutEnd == -1);
 	}
 }

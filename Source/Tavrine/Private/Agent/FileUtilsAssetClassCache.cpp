@@ -103,12 +103,12 @@ bool FFileUtils::FileMatchesAssetClassPatterns(const FString& Directory, const F
 
 void FFileUtils::LoadAssetClassCache()
 {
+	FScopeLock Lock(&AssetClassCacheLock);
 	// The file is read once per session, into an empty map.
 	if (AssetClassCache.Num() > 0)
 	{
 		return;
 	}
-	FScopeLock Lock(&AssetClassCacheLock);
 	const FString CacheFile = GetAssetClassCacheSaveDirectory();
 	if (!FPlatformFileManager::Get().GetPlatformFile().FileExists(*CacheFile))
 	{

@@ -76,6 +76,15 @@ namespace
 		return false;
 	}
 
+	/** The names, without paths, of a directory's files and of its subdirectories, each in listing order. */
+	void ListDirectory(const FString& Directory, TArray<FString>& OutFileNames, TArray<FString>& OutDirectoryNames)
+	{
+		IFileManager& FileManager = IFileManager::Get();
+		const FString Pattern = FPaths::Combine(Directory, TEXT("*"));
+		FileManager.FindFiles(OutFileNames, *Pattern, true, false);
+		FileManager.FindFiles(OutDirectoryNames, *Pattern, false, true);
+	}
+
 	bool IsSupportedExtension(const FString& Extension, const TArray<FString>& SupportedExtensions)
 	{
 		for (const FString& Supported : SupportedExtensions)
@@ -124,12 +133,9 @@ TSharedPtr<FJsonObject> FFileUtils::BuildJsonTree(const FString& Directory, cons
 		return Tree;
 	}
 
-	IFileManager& FileManager = IFileManager::Get();
-	const FString Pattern = FPaths::Combine(Directory, TEXT("*"));
 	TArray<FString> FileNames;
-	FileManager.FindFiles(FileNames, *Pattern, true, false);
 	TArray<FString> DirectoryNames;
-	FileManager.FindFiles(DirectoryNames, *Pattern, false, true);
+	ListDirectory(Directory, FileNames, DirectoryNames);
 
 	for (const FString& FileName : FileNames)
 	{
@@ -217,12 +223,9 @@ TArray<FString> FFileUtils::GetDirectoryStructureAsList(const FString& Directory
 		return Result;
 	}
 
-	IFileManager& FileManager = IFileManager::Get();
-	const FString Pattern = FPaths::Combine(Directory, TEXT("*"));
-	TArray<FString> DirectoryNames;
-	FileManager.FindFiles(DirectoryNames, *Pattern, false, true);
 	TArray<FString> FileNames;
-	FileManager.FindFiles(FileNames, *Pattern, true, false);
+	TArray<FString> DirectoryNames;
+	ListDirectory(Directory, FileNames, DirectoryNames);
 
 	const FString Relative = Directory.RightChop(ProjectDir.Len());
 	for (const FString& FileName : FileNames)
