@@ -204,7 +204,7 @@ class FunctionTests(unittest.TestCase):
                                         "\tUFUNCTION(BlueprintCallable)\n\tstatic FString Join(const TArray<FString>& Parts, "
                                         "UPARAM(ref) int32& Count);\n};\n"))
         self.assertIn("CPF_Parm | CPF_OutParm | CPF_ReferenceParm", cpp)
-        self.assertIn("FUNC_Native | FUNC_BlueprintCallable | FUNC_Public | FUNC_Static | FUNC_HasOutParms", cpp)
+        self.assertIn("FUNC_Native | FUNC_BlueprintCallable | FUNC_Public | FUNC_Static | FUNC_Final | FUNC_HasOutParms", cpp)
 
 
 class PropertyKindTests(unittest.TestCase):

@@ -108,7 +108,12 @@ TEST(EngineClasses, SystemLibraryFunctionsDescribeThemselvesForBlueprints)
 {
 	UFunction* Print = UKismetSystemLibrary::StaticClass()->FindFunctionByName(FName(TEXT("PrintString")), EIncludeSuperFlag::IncludeSuper);
 	ASSERT_NE(Print, nullptr);
-	EXPECT_TRUE(Print->HasAllFunctionFlags(FUNC_Static | FUNC_BlueprintCallable | FUNC_Native | FUNC_Public));
+	EXPECT_TRUE(Print->HasAllFunctionFlags(FUNC_Static | FUNC_BlueprintCallable | FUNC_Native | FUNC_Public | FUNC_Final));
+	// Events are what a Blueprint may override: never final, and without a native body.
+	UFunction* BeginPlay = AActor::StaticClass()->FindFunctionByName(FName(TEXT("ReceiveBeginPlay")));
+	ASSERT_NE(BeginPlay, nullptr);
+	EXPECT_TRUE(BeginPlay->HasAllFunctionFlags(FUNC_Event | FUNC_BlueprintEvent));
+	EXPECT_FALSE(BeginPlay->HasAnyFunctionFlags(FUNC_Final | FUNC_Native));
 	EXPECT_EQ(Print->GetReturnProperty(), nullptr);
 	TArray<FString> Parameters;
 	for (TFieldIterator<FProperty> It(Print); It; ++It)

@@ -125,16 +125,36 @@ TEST_F(TransactionTest, NestedTransactionsJoinTheOuterOneAndRepeatedOnesStaySepa
 	EXPECT_EQ(Door->OpenAngle, 90.0f);
 	EXPECT_TRUE(Door->Panel->CastShadow);
 
-	// A cancelled inner level takes back only what it recorded.
+	// A cancelled inner level takes back only what it recorded, however deep it sits.
 	{
 		FScopedTransaction Outer(FText::FromString(TEXT("Keep")));
 		Door->Modify();
-		FScopedTransaction Inner(FText::FromString(TEXT("Drop")));
+		Door->OpenAngle = 30.0f;
+		FScopedTransaction Middle(FText::FromString(TEXT("Keep too")));
+		Door->Frame->Modify();
+		FScopedTransaction Inner(FText::FromString(TEXT("Keep three")));
 		Door->Panel->Modify();
+		FScopedTransaction Innermost(FText::FromString(TEXT("Drop")));
+		NewObject<AObjectTestDoor>(Door->GetOutermost(), NAME_None, RF_Transactional)->Modify();
+		Innermost.Cancel();
+		EXPECT_FALSE(Innermost.IsOutstanding());
+		EXPECT_EQ(GEditor->Trans->GetTransaction(GEditor->Trans->GetQueueLength() - 1)->GetRecordCount(), 3);
 		Inner.Cancel();
-		EXPECT_FALSE(Inner.IsOutstanding());
+		EXPECT_EQ(GEditor->Trans->GetTransaction(GEditor->Trans->GetQueueLength() - 1)->GetRecordCount(), 2);
 	}
-	EXPECT_EQ(GEditor->Trans->GetTransaction(GEditor->Trans->GetQueueLength() - 1)->GetRecordCount(), 1);
+	EXPECT_EQ(TitleAt(GEditor->Trans->GetQueueLength() - 1), TEXT("Keep"));
+
+	// A transaction that changed nothing, recorded objects or not, doesn't reach the queue.
+	const int32 Length = GEditor->Trans->GetQueueLength();
+	{
+		FScopedTransaction Idle(FText::FromString(TEXT("Tavrine Transaction 2")));
+		Door->Modify();
+		Door->Panel->Modify();
+		Door->OpenAngle += 1.0f;
+		Door->OpenAngle -= 1.0f;
+	}
+	EXPECT_EQ(GEditor->Trans->GetQueueLength(), Length);
+	EXPECT_EQ(TitleAt(Length - 1), TEXT("Keep"));
 }
 
 TEST_F(TransactionTest, OnlyTransactionalObjectsInAnOpenTransactionAreRecorded)
@@ -200,20 +220,34 @@ TEST_F(TransactionTest, BarriersCancelsAndContextsFollowTheQueue)
 	EXPECT_EQ(GEditor->Trans->GetRedoContext().Title.ToString(), TEXT("Three"));
 	EXPECT_EQ(Door->Tags, (TArray<FName>{FName(TEXT("One")), FName(TEXT("Two"))}));
 
-	// Cancelling the whole open transaction drops it, and what it changed stays changed.
+	// Cancelling the whole open transaction drops it, what it changed stays changed, and what was undone
+	// before it can be redone again.
 	{
 		FScopedTransaction Dropped(FText::FromString(TEXT("Dropped")));
 		Door->Modify();
 		Door->OpenAngle = 5.0f;
+		EXPECT_EQ(GEditor->Trans->GetQueueLength(), 3);
+		EXPECT_EQ(TitleAt(2), TEXT("Dropped"));
 		Dropped.Cancel();
 	}
-	EXPECT_EQ(GEditor->Trans->GetQueueLength(), 2);
+	EXPECT_EQ(GEditor->Trans->GetQueueLength(), 3);
 	EXPECT_EQ(Door->OpenAngle, 5.0f);
+	EXPECT_EQ(GEditor->Trans->GetRedoContext().Title.ToString(), TEXT("Three"));
+	// Once a new step ends, the undone one is gone for good.
+	{
+		FScopedTransaction Kept(FText::FromString(TEXT("Kept")));
+		Door->Modify();
+		Door->OpenAngle = 6.0f;
+	}
+	EXPECT_EQ(GEditor->Trans->GetQueueLength(), 3);
+	EXPECT_EQ(TitleAt(2), TEXT("Kept"));
 	EXPECT_FALSE(GEditor->Trans->CanRedo());
+	ASSERT_TRUE(GEditor->UndoTransaction());
+	EXPECT_EQ(Door->OpenAngle, 5.0f);
 	ASSERT_TRUE(GEditor->UndoTransaction());
 	ASSERT_TRUE(GEditor->UndoTransaction());
 	EXPECT_EQ(Door->Tags.Num(), 0);
-	EXPECT_EQ(Undos, 3);
+	EXPECT_EQ(Undos, 4);
 	Buffer->OnUndo().Remove(Handle);
 	GEditor->ResetTransaction(FText::FromString(TEXT("Done")));
 	EXPECT_EQ(GEditor->Trans->GetQueueLength(), 0);

@@ -19,6 +19,7 @@ void UTransBuffer::Reset(const FText& Reason)
 		GUndo = nullptr;
 	}
 	UndoBuffer.Empty();
+	RemovedTransactions.Empty();
 	UndoCount = 0;
 	ActiveCount = 0;
 	ActiveRecordCounts.Empty();
@@ -31,9 +32,14 @@ int32 UTransBuffer::Begin(const TCHAR* SessionContext, const FText& Description)
 	const int32 Result = ActiveCount;
 	if (ActiveCount++ == 0)
 	{
-		// A new step cuts off what was undone: it can't be redone after something else was done.
+		// A new step cuts off what was undone: it can't be redone after something else was done. They are
+		// kept until the step ends, so that cancelling it brings them back.
 		if (UndoCount > 0)
 		{
+			for (int32 Index = UndoBuffer.Num() - UndoCount; Index < UndoBuffer.Num(); ++Index)
+			{
+				RemovedTransactions.Add(UndoBuffer[Index]);
+			}
 			UndoBuffer.RemoveAt(UndoBuffer.Num() - UndoCount, UndoCount);
 			UndoCount = 0;
 		}
@@ -41,8 +47,7 @@ int32 UTransBuffer::Begin(const TCHAR* SessionContext, const FText& Description)
 		GUndo = &UndoBuffer.Last().Get();
 		GUndo->BeginOperation();
 	}
-	const int32 PriorRecords = Result > 0 ? ActiveRecordCounts[Result - 1] : 0;
-	ActiveRecordCounts.Add(UndoBuffer.Last()->GetRecordCount() - PriorRecords);
+	ActiveRecordCounts.Add(UndoBuffer.Last()->GetRecordCount());
 	return Result;
 }
 
@@ -56,8 +61,14 @@ int32 UTransBuffer::End()
 			{
 				GUndo->Finalize();
 				GUndo->EndOperation();
+				// A step that changed nothing isn't worth an undo.
+				if (UndoBuffer.Num() > 0 && GUndo == &UndoBuffer.Last().Get() && UndoBuffer.Last()->IsTransient())
+				{
+					UndoBuffer.Pop();
+				}
 			}
 			GUndo = nullptr;
+			RemovedTransactions.Empty();
 		}
 		ActiveRecordCounts.Pop();
 	}
@@ -72,21 +83,24 @@ void UTransBuffer::Cancel(int32 StartIndex)
 	}
 	if (StartIndex <= 0)
 	{
-		// The whole open transaction goes; what it recorded isn't put back.
+		// The whole open transaction goes; what it recorded isn't put back, but what it cut off can be redone again.
 		if (UndoBuffer.Num() > 0)
 		{
 			UndoBuffer.Pop();
 		}
+		UndoBuffer.Append(RemovedTransactions);
+		UndoCount = RemovedTransactions.Num();
+		RemovedTransactions.Empty();
 		GUndo = nullptr;
 		ActiveCount = 0;
 		ActiveRecordCounts.Empty();
 		return;
 	}
-	int32 RecordsToKeep = 0;
-	for (int32 Level = 0; Level <= StartIndex && Level < ActiveRecordCounts.Num(); ++Level)
+	if (StartIndex >= ActiveRecordCounts.Num())
 	{
-		RecordsToKeep += ActiveRecordCounts[Level];
+		return;
 	}
+	const int32 RecordsToKeep = ActiveRecordCounts[StartIndex];
 	FTransaction& Transaction = UndoBuffer.Last().Get();
 	Transaction.RemoveRecords(Transaction.GetRecordCount() - RecordsToKeep);
 	ActiveCount = StartIndex;
@@ -248,6 +262,10 @@ void UTransBuffer::AddReferencedObjects(UObject* InThis, FReferenceCollector& Co
 {
 	UTransBuffer* This = static_cast<UTransBuffer*>(InThis);
 	for (TSharedRef<FTransaction>& Transaction : This->UndoBuffer)
+	{
+		Transaction->AddReferencedObjects(Collector);
+	}
+	for (TSharedRef<FTransaction>& Transaction : This->RemovedTransactions)
 	{
 		Transaction->AddReferencedObjects(Collector);
 	}

@@ -54,6 +54,24 @@ struct FTransaction::FObjectRecord
 		}
 	}
 
+	// Whether the object's state now differs from the recorded one.
+	bool HasChanges() const
+	{
+		if (Object == nullptr || Object->GetFName() != Name || Object->GetOuter() != Outer)
+		{
+			return true;
+		}
+		bool bChanged = false;
+		ForEachRecordedProperty([this, &bChanged](FProperty* Property)
+		{
+			for (int32 Index = 0; Index < Property->ArrayDim && !bChanged; ++Index)
+			{
+				bChanged = !Property->Identical_InContainer(Object, Snapshot, Index, PPF_None);
+			}
+		});
+		return bChanged;
+	}
+
 	// Puts the recorded state back and keeps the state it replaced, so that the next swap reverses this one.
 	void Swap()
 	{
@@ -125,6 +143,18 @@ void FTransaction::SaveObject(UObject* Object)
 		return;
 	}
 	Records.Add(MakeUnique<FObjectRecord>(Object));
+}
+
+bool FTransaction::IsTransient() const
+{
+	for (const TUniquePtr<FObjectRecord>& Record : Records)
+	{
+		if (Record->HasChanges())
+		{
+			return false;
+		}
+	}
+	return true;
 }
 
 void FTransaction::SetPrimaryObject(UObject* Object)

@@ -317,6 +317,9 @@ def function_flags(decl, file_name):
     flags.append({"public": "FUNC_Public", "protected": "FUNC_Protected", "private": "FUNC_Private"}[decl.access])
     if decl.is_static:
         flags.append("FUNC_Static")
+    # What Blueprints can't override is final: plain functions, but not virtual ones, events or RPCs.
+    if not decl.is_virtual and not any(f in flags for f in ("FUNC_Event", "FUNC_BlueprintEvent", "FUNC_Net")):
+        flags.append("FUNC_Final")
     if decl.is_const:
         flags.append("FUNC_Const")
     if "WITH_EDITOR" in decl.conditions or "WITH_EDITORONLY_DATA" in decl.conditions:

@@ -67,8 +67,11 @@ private:
 	TArray<TSharedRef<FTransaction>> UndoBuffer;
 	int32 UndoCount = 0;
 	int32 ActiveCount = 0;
-	// Records each open level added, so that cancelling an inner level takes back only its own.
+	// The record count of the open transaction when each open level began, so that cancelling an inner
+	// level takes back only what was recorded since.
 	TArray<int32> ActiveRecordCounts;
+	// The undone transactions the open one cut off; they come back if it is cancelled.
+	TArray<TSharedRef<FTransaction>> RemovedTransactions;
 	TArray<int32> UndoBarrierStack;
 	FText ResetReason;
 	SIZE_T MaxMemory = 16 * 1024 * 1024;

@@ -46,6 +46,8 @@ public:
 		return Records.Num();
 	}
 	bool ContainsObject(const UObject* Object) const;
+	// Nothing it recorded differs from its recorded state: such a step leaves the queue when it ends.
+	bool IsTransient() const;
 	// The objects recorded, in the order they were recorded.
 	void GetTransactionObjects(TArray<UObject*>& Objects) const;
 	// Drops the last records; a cancelled nested transaction takes back what it recorded.
