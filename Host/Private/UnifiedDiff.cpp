@@ -62,7 +62,8 @@ namespace
 		std::vector<int> Frontier(2 * Max + 3, 0);
 		std::vector<std::vector<int>> Trace;
 		int FinalD = 0;
-		const size_t TraceBudget = size_t(1) << 25;
+		// 16 MB of saved frontiers at most; beyond that a display diff is not worth the memory.
+		const size_t TraceBudget = size_t(1) << 22;
 		for (int D = 0; D <= Max; ++D)
 		{
 			if ((Trace.size() + 1) * Frontier.size() > TraceBudget)
