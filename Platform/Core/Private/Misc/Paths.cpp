@@ -418,8 +418,9 @@ bool FPaths::MakePathRelativeTo(FString& InPath, const TCHAR* InRelativeTo)
 		return false;
 	}
 
+	// Folder names match as FString compares them, without case.
 	int32 Common = 0;
-	while (Common < TargetElements.Num() && Common < SourceElements.Num() && TargetElements[Common].Equals(SourceElements[Common]))
+	while (Common < TargetElements.Num() && Common < SourceElements.Num() && TargetElements[Common] == SourceElements[Common])
 	{
 		++Common;
 	}

@@ -169,30 +169,26 @@ public:
 		}
 	}
 
-	template<typename ComparableKey>
-	FSetElementId FindId(const ComparableKey& Key) const
+	// Lookups take the key type, so text converts to FString (and hashes without case) before hashing.
+	FSetElementId FindId(KeyInitType Key) const
 	{
 		return FSetElementId::FromInteger(FindIndexByHash(KeyFuncs::GetKeyHash(Key), Key));
 	}
-	template<typename ComparableKey>
-	ElementType* Find(const ComparableKey& Key)
+	ElementType* Find(KeyInitType Key)
 	{
 		const int32 Index = FindIndexByHash(KeyFuncs::GetKeyHash(Key), Key);
 		return Index == INDEX_NONE ? nullptr : &*Slots[Index];
 	}
-	template<typename ComparableKey>
-	const ElementType* Find(const ComparableKey& Key) const
+	const ElementType* Find(KeyInitType Key) const
 	{
 		const int32 Index = FindIndexByHash(KeyFuncs::GetKeyHash(Key), Key);
 		return Index == INDEX_NONE ? nullptr : &*Slots[Index];
 	}
-	template<typename ComparableKey>
-	bool Contains(const ComparableKey& Key) const
+	bool Contains(KeyInitType Key) const
 	{
 		return FindIndexByHash(KeyFuncs::GetKeyHash(Key), Key) != INDEX_NONE;
 	}
-	template<typename ComparableKey>
-	int32 Remove(const ComparableKey& Key)
+	int32 Remove(KeyInitType Key)
 	{
 		const int32 Index = FindIndexByHash(KeyFuncs::GetKeyHash(Key), Key);
 		if (Index == INDEX_NONE)

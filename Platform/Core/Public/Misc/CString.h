@@ -155,58 +155,15 @@ struct TCString
 	// Integer parsing with C's rules: leading white space, an optional sign, then digits in Base.
 	static int64 Strtoi64(const CharType* Start, CharType** End, int32 Base)
 	{
-		const CharType* Cursor = Start;
-		while (*Cursor && TChar<CharType>::IsWhitespace(*Cursor))
-		{
-			++Cursor;
-		}
 		bool bNegative = false;
-		if (*Cursor == '-' || *Cursor == '+')
+		bool bOverflow = false;
+		const uint64 Value = ParseMagnitude(Start, End, Base, bNegative, bOverflow);
+		// Out of range saturates, as strtoll does.
+		if (bNegative)
 		{
-			bNegative = *Cursor == '-';
-			++Cursor;
+			return bOverflow || Value > static_cast<uint64>(MAX_int64) + 1 ? MIN_int64 : static_cast<int64>(0 - Value);
 		}
-		if ((Base == 0 || Base == 16) && Cursor[0] == '0' && (Cursor[1] == 'x' || Cursor[1] == 'X') && TChar<CharType>::IsHexDigit(Cursor[2]))
-		{
-			Cursor += 2;
-			Base = 16;
-		}
-		else if (Base == 0)
-		{
-			Base = Cursor[0] == '0' ? 8 : 10;
-		}
-		const CharType* DigitsStart = Cursor;
-		uint64 Value = 0;
-		for (;; ++Cursor)
-		{
-			int32 Digit;
-			if (TChar<CharType>::IsDigit(*Cursor))
-			{
-				Digit = *Cursor - '0';
-			}
-			else if (*Cursor >= 'a' && *Cursor <= 'z')
-			{
-				Digit = *Cursor - 'a' + 10;
-			}
-			else if (*Cursor >= 'A' && *Cursor <= 'Z')
-			{
-				Digit = *Cursor - 'A' + 10;
-			}
-			else
-			{
-				break;
-			}
-			if (Digit >= Base)
-			{
-				break;
-			}
-			Value = Value * Base + Digit;
-		}
-		if (End)
-		{
-			*End = const_cast<CharType*>(Cursor == DigitsStart ? Start : Cursor);
-		}
-		return bNegative ? -static_cast<int64>(Value) : static_cast<int64>(Value);
+		return bOverflow || Value > static_cast<uint64>(MAX_int64) ? MAX_int64 : static_cast<int64>(Value);
 	}
 	static int32 Strtoi(const CharType* Start, CharType** End, int32 Base)
 	{
@@ -214,7 +171,11 @@ struct TCString
 	}
 	static uint64 Strtoui64(const CharType* Start, CharType** End, int32 Base)
 	{
-		return static_cast<uint64>(Strtoi64(Start, End, Base));
+		bool bNegative = false;
+		bool bOverflow = false;
+		const uint64 Value = ParseMagnitude(Start, End, Base, bNegative, bOverflow);
+		// As strtoull: out of range gives the maximum, a minus sign negates.
+		return bOverflow ? MAX_uint64 : (bNegative ? 0 - Value : Value);
 	}
 	static int32 Atoi(const CharType* String)
 	{
@@ -271,6 +232,67 @@ struct TCString
 			}
 		}
 		return true;
+	}
+
+private:
+	// The digits' value without sign; bOverflow when it does not fit 64 bits.
+	static uint64 ParseMagnitude(const CharType* Start, CharType** End, int32 Base, bool& bNegative, bool& bOverflow)
+	{
+		const CharType* Cursor = Start;
+		while (*Cursor && TChar<CharType>::IsWhitespace(*Cursor))
+		{
+			++Cursor;
+		}
+		if (*Cursor == '-' || *Cursor == '+')
+		{
+			bNegative = *Cursor == '-';
+			++Cursor;
+		}
+		if ((Base == 0 || Base == 16) && Cursor[0] == '0' && (Cursor[1] == 'x' || Cursor[1] == 'X') && TChar<CharType>::IsHexDigit(Cursor[2]))
+		{
+			Cursor += 2;
+			Base = 16;
+		}
+		else if (Base == 0)
+		{
+			Base = Cursor[0] == '0' ? 8 : 10;
+		}
+		const CharType* DigitsStart = Cursor;
+		uint64 Value = 0;
+		for (;; ++Cursor)
+		{
+			int32 Digit;
+			if (TChar<CharType>::IsDigit(*Cursor))
+			{
+				Digit = *Cursor - '0';
+			}
+			else if (*Cursor >= 'a' && *Cursor <= 'z')
+			{
+				Digit = *Cursor - 'a' + 10;
+			}
+			else if (*Cursor >= 'A' && *Cursor <= 'Z')
+			{
+				Digit = *Cursor - 'A' + 10;
+			}
+			else
+			{
+				break;
+			}
+			if (Digit >= Base)
+			{
+				break;
+			}
+			if (Value > (MAX_uint64 - Digit) / Base)
+			{
+				bOverflow = true;
+			}
+			Value = Value * Base + Digit;
+		}
+		if (End)
+		{
+			*End = const_cast<CharType*>(Cursor == DigitsStart ? Start : Cursor);
+		}
+		return Value;
 	}
 };
 
