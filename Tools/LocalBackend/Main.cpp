@@ -49,6 +49,12 @@ int main(int ArgumentCount, char** Arguments)
 			std::cout << Usage;
 			return 0;
 		}
+		const bool bKnown = Name == "--scenario" || Name == "--cert" || Name == "--key" || Name == "--api-key"
+			|| Name == "--record" || Name == "--port";
+		if (!bKnown)
+		{
+			return Fail("unknown option '" + Name + "'\n\n" + Usage);
+		}
 		if (Index + 1 >= ArgumentCount)
 		{
 			return Fail("'" + Name + "' needs a value\n\n" + Usage);
@@ -83,10 +89,6 @@ int main(int ArgumentCount, char** Arguments)
 				return Fail("bad port '" + Value + "'");
 			}
 			Options.Port = static_cast<uint16_t>(Port);
-		}
-		else
-		{
-			return Fail("unknown option '" + Name + "'\n\n" + Usage);
 		}
 	}
 	if (ScenarioFile.empty() || Options.CertFile.empty() || Options.KeyFile.empty())

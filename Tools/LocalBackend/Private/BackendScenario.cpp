@@ -29,7 +29,7 @@ namespace
 		{
 			const std::string Key = Member->name.GetString();
 			const rapidjson::Value& Field = Member->value;
-			if (Key == "code" && Field.IsInt() && Field.GetInt() >= 100 && Field.GetInt() <= 599)
+			if (Key == "code" && Field.IsInt() && Field.GetInt() >= 200 && Field.GetInt() <= 599)
 			{
 				OutFault.Code = Field.GetInt();
 			}

@@ -134,9 +134,14 @@ EWireRead ReadWireRequest(FTlsStream& Stream, std::string& Pending, FWireRequest
 		const std::string Text = Request.GetHeader("Content-Length");
 		char* End = nullptr;
 		const unsigned long long Value = std::strtoull(Text.c_str(), &End, 10);
-		if (Text.empty() || *End != '\0' || Value > MaxBodyBytes)
+		// strtoull would take a sign or blanks too; only plain digits are a length.
+		if (Text.empty() || !std::isdigit(static_cast<unsigned char>(Text[0])) || *End != '\0')
 		{
-			return Malformed(Out, Value > MaxBodyBytes ? 413 : 400);
+			return Malformed(Out, 400);
+		}
+		if (Value > MaxBodyBytes)
+		{
+			return Malformed(Out, 413);
 		}
 		BodyLength = static_cast<size_t>(Value);
 	}

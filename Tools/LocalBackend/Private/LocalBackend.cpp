@@ -71,6 +71,17 @@ namespace
 		return std::string(Buffer.GetString(), Buffer.GetSize());
 	}
 
+	bool IsRefusal(int Code)
+	{
+		return Code == 401 || Code == 403;
+	}
+
+	// What an API gateway says when it turns a request away, whichever endpoint it was.
+	std::string RefusalBody(int Code)
+	{
+		return SingleMemberObject("message", Code == 401 ? "Unauthorized" : "Forbidden");
+	}
+
 	std::string OpenSslError()
 	{
 		char Text[256] = {};
@@ -366,7 +377,7 @@ FLocalBackend::FHttpAnswer FLocalBackend::Route(const FRecordedRequest& Request)
 {
 	if (Options.ApiKey.has_value() && (!Request.HasHeader("x-api-key") || Request.GetHeader("x-api-key") != *Options.ApiKey))
 	{
-		return FHttpAnswer { 401, SingleMemberObject("message", "Unauthorized") };
+		return FHttpAnswer { 401, RefusalBody(401) };
 	}
 	// The host may carry a stage path before the endpoint, as an API gateway's does.
 	const bool bCommand = Request.Path == "/command" || EndsWith(Request.Path, "/command");
@@ -408,9 +419,9 @@ FLocalBackend::FHttpAnswer FLocalBackend::AnswerCommand()
 	{
 		Answer.Body = Turn.Command.Body;
 	}
-	else if (Answer.Code == 401 || Answer.Code == 403)
+	else if (IsRefusal(Answer.Code))
 	{
-		Answer.Body = SingleMemberObject("message", Answer.Code == 401 ? "Unauthorized" : "Forbidden");
+		Answer.Body = RefusalBody(Answer.Code);
 	}
 	else
 	{
@@ -438,7 +449,14 @@ FLocalBackend::FHttpAnswer FLocalBackend::AnswerStatus(const FRecordedRequest& R
 	}
 	FHttpAnswer Answer;
 	Answer.Code = Turn.Status.Code != 0 ? Turn.Status.Code : 200;
-	Answer.Body = Turn.Status.bHasBody ? Turn.Status.Body : Turn.BuildFinalStatusBody();
+	if (Turn.Status.bHasBody)
+	{
+		Answer.Body = Turn.Status.Body;
+	}
+	else
+	{
+		Answer.Body = IsRefusal(Answer.Code) ? RefusalBody(Answer.Code) : Turn.BuildFinalStatusBody();
+	}
 	Answer.DelayMs = Turn.Status.DelayMs;
 	Answer.bClose = Turn.Status.bClose;
 	return Answer;
