@@ -9,6 +9,7 @@
 #include "Agent/Agent.h"
 #include "Agent/TavrineInterface.h"
 #include "CoreMinimal.h"
+#include "HAL/StandInMemory.h"
 #include "HttpManager.h"
 #include "HttpModule.h"
 #include "HttpStandInSettings.h"
@@ -206,6 +207,7 @@ namespace
 
 int main(int ArgC, char** ArgV)
 {
+	FStandInMemory::KeepFreedMemoryForReuse();
 	std::string Error;
 	const std::optional<FHostOptions> Options = ParseHostOptions(ArgC, ArgV, TAVRINE_DEFAULT_PROJECT, Error);
 	if (!Options)

@@ -64,14 +64,16 @@ namespace
 	template<typename ValueType>
 	void AppendNumber(FString& Out, const FFormatSpecifier& Specifier, const char* Conversion, ValueType Value)
 	{
-		std::string Format = "%" + Specifier.Flags;
+		std::string Format(1, '%');
+		Format += Specifier.Flags;
 		if (Specifier.Width >= 0)
 		{
 			Format += std::to_string(Specifier.Width);
 		}
 		if (Specifier.Precision >= 0)
 		{
-			Format += "." + std::to_string(Specifier.Precision);
+			Format += '.';
+			Format += std::to_string(Specifier.Precision);
 		}
 		Format += Conversion;
 		char Buffer[512];
