@@ -294,9 +294,8 @@ class CppWriter:
 
     # Types
 
-    def write_class(self, decl):
-        statics = "Z_Construct_UClass_%s_Statics" % decl.name
-        flags, config_name, within, metadata = class_flags(decl, self.file_name)
+    def open_construct(self, decl, statics, type_name, variable):
+        """The statics struct of a class or struct, and its Construct() up to the early return of the made type."""
         self.emit("// %s" % decl.name)
         self.emit("struct %s" % statics)
         self.emit("{")
@@ -305,16 +304,21 @@ class CppWriter:
                 with _Guard(self.out, prop.conditions):
                     self.emit("\tstatic void NewProp_%s_SetBit(void* Object) { static_cast<%s*>(Object)->%s = 1; }"
                               % (prop.name, decl.name, prop.name))
-        self.emit("\tstatic UClass* Construct();")
+        self.emit("\tstatic %s* Construct();" % type_name)
         self.emit("};")
         self.emit("")
-        self.emit("UClass* %s::Construct()" % statics)
+        self.emit("%s* %s::Construct()" % (type_name, statics))
         self.emit("{")
-        self.emit("\tstatic UClass* Class = nullptr;")
-        self.emit("\tif (Class)")
+        self.emit("\tstatic %s* %s = nullptr;" % (type_name, variable))
+        self.emit("\tif (%s)" % variable)
         self.emit("\t{")
-        self.emit("\t\treturn Class;")
+        self.emit("\t\treturn %s;" % variable)
         self.emit("\t}")
+
+    def write_class(self, decl):
+        statics = "Z_Construct_UClass_%s_Statics" % decl.name
+        flags, config_name, within, metadata = class_flags(decl, self.file_name)
+        self.open_construct(decl, statics, "UClass", "Class")
         indent = "\t"
         fields = [".Name = %s" % cpp_string(decl.name[1:]),
                   ".PackageName = %s" % cpp_string("/Script/" + self.model.module),
@@ -385,24 +389,7 @@ class CppWriter:
     def write_struct(self, decl):
         statics = "Z_Construct_UScriptStruct_%s_Statics" % decl.name
         metadata = struct_metadata(decl, self.file_name)
-        self.emit("// %s" % decl.name)
-        self.emit("struct %s" % statics)
-        self.emit("{")
-        for prop in decl.properties:
-            if prop.is_bitfield:
-                with _Guard(self.out, prop.conditions):
-                    self.emit("\tstatic void NewProp_%s_SetBit(void* Object) { static_cast<%s*>(Object)->%s = 1; }"
-                              % (prop.name, decl.name, prop.name))
-        self.emit("\tstatic UScriptStruct* Construct();")
-        self.emit("};")
-        self.emit("")
-        self.emit("UScriptStruct* %s::Construct()" % statics)
-        self.emit("{")
-        self.emit("\tstatic UScriptStruct* Struct = nullptr;")
-        self.emit("\tif (Struct)")
-        self.emit("\t{")
-        self.emit("\t\treturn Struct;")
-        self.emit("\t}")
+        self.open_construct(decl, statics, "UScriptStruct", "Struct")
         fields = [".Name = %s" % cpp_string(decl.name[1:]),
                   ".PackageName = %s" % cpp_string("/Script/" + self.model.module),
                   ".StructFlags = EStructFlags(%s)" % _flags(struct_flags(decl), "STRUCT_NoFlags"),

@@ -12,11 +12,6 @@ namespace
 	const TCHAR* const MissingFields = TEXT("Error: Missing required fields");
 	const TCHAR* const MissingPathField = TEXT("Error: Missing required path field");
 
-	bool IsErrorText(const FString& Text)
-	{
-		return Text.StartsWith(TEXT("Error:"), ESearchCase::IgnoreCase);
-	}
-
 	void SendDiff(const FString& Path, const FString& OldText, const FString& NewText)
 	{
 		FTavrineInterface::Get().OnAddDiffMessage(Path, OldText, NewText);
@@ -76,7 +71,7 @@ FString FAgent::HandleCreateFile(const FString& Id, const TSharedPtr<FJsonObject
 		const FString OldText = FFileUtils::ReadFile(FullPath);
 		FFileHistory::Get().StoreFileVersion(UndoConversationId, FullPath, OldText);
 		const FString Result = FFileUtils::ReplaceFile(FullPath, FileText);
-		if (!IsErrorText(Result))
+		if (!FFileUtils::IsErrorText(Result))
 		{
 			SendDiff(Path, OldText, FileText);
 		}
@@ -89,7 +84,7 @@ FString FAgent::HandleCreateFile(const FString& Id, const TSharedPtr<FJsonObject
 	}
 	FFileHistory::Get().StoreFileCreation(UndoConversationId, FullPath, FileText);
 	const FString Result = FFileUtils::CreateNewFileWithContent(FullPath, FileText);
-	if (!IsErrorText(Result))
+	if (!FFileUtils::IsErrorText(Result))
 	{
 		SendDiff(Path, FString(), FileText);
 	}
@@ -123,7 +118,7 @@ FString FAgent::HandleCreateNewCppFile(const FString& Id, const TSharedPtr<FJson
 
 	FFileHistory::Get().StoreFileCreation(UndoConversationId, Path, Contents);
 	const FString Result = FFileUtils::CreateNewFileWithContent(Path, Contents);
-	if (!IsErrorText(Result))
+	if (!FFileUtils::IsErrorText(Result))
 	{
 		SendDiff(Path, FString(), Contents);
 	}
@@ -143,7 +138,7 @@ FString FAgent::HandleUpdateAndReplaceCppFile(const FString& Id, const TSharedPt
 	const FString OldText = FFileUtils::ReadFile(Path);
 	FFileHistory::Get().StoreFileVersion(UndoConversationId, Path, OldText);
 	const FString Result = FFileUtils::ReplaceFile(Path, Contents);
-	if (!IsErrorText(Result))
+	if (!FFileUtils::IsErrorText(Result))
 	{
 		SendDiff(Path, OldText, Contents);
 	}
@@ -172,7 +167,7 @@ FString FAgent::HandleUpdateFile(const FString& Id, const TSharedPtr<FJsonObject
 	FString OriginalContent;
 	FString UpdatedContent;
 	const FString Result = FFileUtils::UpdateFile(Path, OldString, NewString, OriginalContent, UpdatedContent);
-	if (!IsErrorText(Result))
+	if (!FFileUtils::IsErrorText(Result))
 	{
 		SendDiff(Path, OriginalContent, UpdatedContent);
 	}
@@ -204,11 +199,11 @@ FString FAgent::HandleInsertIntoFile(const FString& Id, const TSharedPtr<FJsonOb
 	FFileHistory::Get().StoreFileVersion(UndoConversationId, Path, OldText);
 
 	const FString Result = FFileUtils::InsertIntoFile(Path, Line, NewString);
-	if (!IsErrorText(Result))
+	if (!FFileUtils::IsErrorText(Result))
 	{
 		// The rewrite goes through lines, so only a fresh read shows what the file holds now.
 		const FString NewText = FFileUtils::ReadFile(Path);
-		if (!IsErrorText(NewText))
+		if (!FFileUtils::IsErrorText(NewText))
 		{
 			SendDiff(Path, OldText, NewText);
 		}
@@ -228,7 +223,7 @@ FString FAgent::HandleDeleteFile(const FString& Id, const TSharedPtr<FJsonObject
 	const FString OldText = FFileUtils::ReadFile(Path);
 	FFileHistory::Get().StoreFileDeletion(UndoConversationId, Path, OldText);
 	const FString Result = FFileUtils::DeleteFile(Path);
-	if (!IsErrorText(Result))
+	if (!FFileUtils::IsErrorText(Result))
 	{
 		SendDiff(Path, OldText, FString());
 	}

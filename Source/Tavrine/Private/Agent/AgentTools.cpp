@@ -1,5 +1,7 @@
 #include "Agent/Agent.h"
 
+#include "Agent/FileUtils.h"
+
 namespace
 {
 	const TCHAR* const AbortContent = TEXT("Abort: User added new input");
@@ -98,7 +100,7 @@ void FAgent::RunToolUse(TSharedPtr<FJsonObject> Block)
 	Result->SetStringField(TEXT("type"), TEXT("tool_result"));
 	Result->SetStringField(TEXT("tool_use_id"), Id);
 	Result->SetStringField(TEXT("content"), Out);
-	Result->SetBoolField(TEXT("is_error"), Out.StartsWith(TEXT("Error:"), ESearchCase::IgnoreCase));
+	Result->SetBoolField(TEXT("is_error"), FFileUtils::IsErrorText(Out));
 	AddToolResult(MakeShared<FJsonValueObject>(Result));
 }
 

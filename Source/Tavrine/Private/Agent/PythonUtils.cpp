@@ -21,7 +21,7 @@ FPythonScriptResult FTavrinePythonUtils::CreateAndExecutePythonScript(const FStr
 
 	FPythonScriptResult Result;
 	const FString WriteResult = FFileUtils::CreateNewFileWithContent(ScriptPath, Script);
-	if (WriteResult.StartsWith(TEXT("Error:"), ESearchCase::IgnoreCase))
+	if (FFileUtils::IsErrorText(WriteResult))
 	{
 		Result.Message = WriteResult;
 		return Result;

@@ -17,6 +17,12 @@ public:
 	FFileUtils() = delete;
 
 	// Reading and changing one text file.
+	/** Whether a tool-facing text reports a failure: it begins with "Error:", in any case. */
+	static bool IsErrorText(const FString& Text)
+	{
+		return Text.StartsWith(TEXT("Error:"), ESearchCase::IgnoreCase);
+	}
+
 	static FString CreateNewFileWithContent(const FString& FilePath, const FString& Content);
 	static FString ReadFile(const FString& FilePath);
 	static FString ReadFileLineRange(const FString& FilePath, int32 StartLine, int32 EndLine);
