@@ -107,7 +107,7 @@ bool FStandInProjectBuild::Start()
 		return false;
 	}
 	OutputLines.Reset();
-	PendingBytes.Reset();
+	OutputSplitter.Reset();
 	Result = EResult::None;
 	Settings = ReadSettings();
 	StartSeconds = RealSeconds();
@@ -217,26 +217,11 @@ void FStandInProjectBuild::AddLine(const FString& Line)
 void FStandInProjectBuild::TakeOutput(bool bFinal)
 {
 	TArray<uint8> Bytes;
-	if (ReadPipe != nullptr && FPlatformProcess::ReadPipeToArray(ReadPipe, Bytes))
+	if (ReadPipe != nullptr && !FPlatformProcess::ReadPipeToArray(ReadPipe, Bytes))
 	{
-		PendingBytes.Append(Bytes);
+		Bytes.Reset();
 	}
-	int32 LineStart = 0;
-	for (int32 Index = 0; Index < PendingBytes.Num(); ++Index)
-	{
-		if (PendingBytes[Index] == '\n' || (bFinal && Index == PendingBytes.Num() - 1))
-		{
-			int32 LineEnd = PendingBytes[Index] == '\n' ? Index : Index + 1;
-			if (LineEnd > LineStart && PendingBytes[LineEnd - 1] == '\r')
-			{
-				--LineEnd;
-			}
-			const FUTF8ToTCHAR Line(reinterpret_cast<const ANSICHAR*>(PendingBytes.GetData() + LineStart), LineEnd - LineStart);
-			AddLine(FString(Line.Length(), Line.Get()));
-			LineStart = Index + 1;
-		}
-	}
-	PendingBytes.RemoveAt(0, LineStart);
+	OutputSplitter.Feed(Bytes, bFinal, [this](const FString& Line) { AddLine(Line); });
 }
 
 void FStandInProjectBuild::Finish(EResult InResult)

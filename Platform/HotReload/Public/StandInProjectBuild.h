@@ -2,6 +2,7 @@
 
 #include "CoreMinimal.h"
 #include "HAL/PlatformProcess.h"
+#include "Misc/StandInLineSplitter.h"
 #include "Templates/Function.h"
 
 /**
@@ -96,7 +97,7 @@ private:
 	FProcHandle Process;
 	void* ReadPipe = nullptr;
 	void* WritePipe = nullptr;
-	TArray<uint8> PendingBytes;
+	FStandInLineSplitter OutputSplitter;
 	TArray<FString> OutputLines;
 	double StartSeconds = 0.0;
 	/** The product's modification time before the build, when it was there. */

@@ -6,6 +6,7 @@
 #include "Misc/ConfigCacheIni.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
+#include "Misc/StandInLineSplitter.h"
 
 #include <chrono>
 
@@ -77,37 +78,6 @@ namespace
 		OutFirst = Trimmed.Left(Index).Replace(TEXT("\""), TEXT(""));
 		OutRest = Trimmed.Mid(Index).TrimStart();
 	}
-
-	/** Cuts a stream of UTF-8 bytes into lines. */
-	class FLineSplitter
-	{
-	public:
-		template<typename FunctorType>
-		void Feed(const TArray<uint8>& Bytes, bool bFinal, FunctorType&& OnLine)
-		{
-			Pending.Append(Bytes);
-			int32 LineStart = 0;
-			for (int32 Index = 0; Index < Pending.Num(); ++Index)
-			{
-				const bool bLineEnd = Pending[Index] == '\n';
-				if (bLineEnd || (bFinal && Index == Pending.Num() - 1))
-				{
-					int32 LineEnd = bLineEnd ? Index : Index + 1;
-					if (LineEnd > LineStart && Pending[LineEnd - 1] == '\r')
-					{
-						--LineEnd;
-					}
-					const FUTF8ToTCHAR Line(reinterpret_cast<const ANSICHAR*>(Pending.GetData() + LineStart), LineEnd - LineStart);
-					OnLine(FString(Line.Length(), Line.Get()));
-					LineStart = Index + 1;
-				}
-			}
-			Pending.RemoveAt(0, LineStart);
-		}
-
-	private:
-		TArray<uint8> Pending;
-	};
 }
 
 /** Runs each command in a python3 process of its own and waits for it, as the editor waits for its own interpreter. */
@@ -270,8 +240,8 @@ private:
 			return false;
 		}
 
-		FLineSplitter OutLines;
-		FLineSplitter ErrLines;
+		FStandInLineSplitter OutLines;
+		FStandInLineSplitter ErrLines;
 		const double StartSeconds = RealSeconds();
 		bool bTimedOut = false;
 		for (;;)
