@@ -60,45 +60,33 @@ bool FFileUtils::FileMatchesAssetClassPatterns(const FString& Directory, const F
 	Key.ReplaceInline(*FPaths::ProjectContentDir(), TEXT("/Game/"), ESearchCase::CaseSensitive);
 	Key.ReplaceInline(TEXT(".uasset"), TEXT(""), ESearchCase::IgnoreCase);
 
-	FScopeLock Lock(&AssetClassCacheLock);
-	if (const FName* CachedClass = AssetClassCache.Find(Key))
+	FName AssetClass;
+	bool bCached = false;
 	{
-		const FName AssetClass = *CachedClass;
-		Lock.Unlock();
-		// An asset that failed to load stays out until its entry is gone; it isn't tried again.
-		if (AssetClass.IsNone())
+		FScopeLock Lock(&AssetClassCacheLock);
+		if (const FName* CachedClass = AssetClassCache.Find(Key))
 		{
-			return false;
+			AssetClass = *CachedClass;
+			bCached = true;
 		}
-		if (Patterns.Contains(AssetClass))
-		{
-			OutAssetClass = AssetClass;
-			return true;
-		}
-		return false;
 	}
-	// A load may take long; the lock isn't held over it, so two callers may load the same asset.
-	Lock.Unlock();
-
-	UObject* Asset = StaticLoadObject(UObject::StaticClass(), nullptr, *Key, nullptr, AssetClassLoadFlags, nullptr, true, nullptr);
-	if (UClass* AssetClassObject = FindFirstNativeClass(Asset))
+	if (!bCached)
 	{
-		const FName AssetClass(*AssetClassObject->GetName());
-		{
-			FScopeLock AddLock(&AssetClassCacheLock);
-			AssetClassCache.Add(Key, AssetClass);
-		}
-		if (Patterns.Contains(AssetClass))
-		{
-			OutAssetClass = AssetClass;
-			return true;
-		}
-		return false;
+		// A load may take long; the lock isn't held over it, so two callers may load the same asset.
+		// One that fails is remembered as None and isn't tried again until its entry is gone.
+		UObject* Asset = StaticLoadObject(UObject::StaticClass(), nullptr, *Key, nullptr, AssetClassLoadFlags, nullptr, true, nullptr);
+		const UClass* AssetClassObject = FindFirstNativeClass(Asset);
+		AssetClass = AssetClassObject != nullptr ? FName(*AssetClassObject->GetName()) : FName(NAME_None);
+		FScopeLock AddLock(&AssetClassCacheLock);
+		AssetClassCache.Add(Key, AssetClass);
 	}
 
-	FScopeLock AddLock(&AssetClassCacheLock);
-	AssetClassCache.Add(Key, NAME_None);
-	return false;
+	if (AssetClass.IsNone() || !Patterns.Contains(AssetClass))
+	{
+		return false;
+	}
+	OutAssetClass = AssetClass;
+	return true;
 }
 
 void FFileUtils::LoadAssetClassCache()
