@@ -45,7 +45,7 @@ namespace
 
 		const FFileHistoryEntry& RedoEntryOf(const FString& TransactionKey, const TCHAR* Path) const
 		{
-			return History.GetRedoHistories().FindChecked(TransactionKey).FindChecked(Path);
+			return History.GetRedoHistories().FindChecked(TransactionKey).FindChecked(ProjectPath(Path));
 		}
 
 		FFileHistory& History = FFileHistory::Get();
@@ -137,7 +137,7 @@ TEST_F(FFileHistoryOnDiskTest, UndoSideKeepsTheFirstStoreRedoSideTheLastAndOnlyA
 	History.StoreFileDeletion(Conversation, TEXT("Source/A.cpp"), TEXT("third"));
 	History.StoreFileVersion(Conversation, TEXT("Source/Empty.cpp"), FString());
 	History.StoreFileCreation(Conversation, FString(), TEXT("no path"));
-	const FFileHistoryEntry& Kept = History.GetFileHistories().FindChecked(Conversation).FindChecked(TEXT("Source/A.cpp"));
+	const FFileHistoryEntry& Kept = History.GetFileHistories().FindChecked(Conversation).FindChecked(ProjectPath(TEXT("Source/A.cpp")));
 	EXPECT_EQ(Kept.ActionType, EFileActionType::Modification);
 	EXPECT_EQ(Kept.Content, TEXT("first"));
 	EXPECT_EQ(History.GetFileHistories().FindChecked(Conversation).Num(), 1);
