@@ -22,17 +22,13 @@ namespace
 		return R"({"response": {"auto_continue": true, "messages": [], "response": [)" + Blocks + "]}}";
 	}
 
+	/** The compile that follows an undo or redo leaves its result for the next request. */
 	bool HasToolResult(const FString& ToolUseId)
 	{
-		for (const TSharedPtr<FJsonValue>& Result : FAgent::Get().GetToolResults())
+		return FAgent::Get().GetToolResults().ContainsByPredicate([&ToolUseId](const TSharedPtr<FJsonValue>& Result)
 		{
-			const TSharedPtr<FJsonObject>* Object = nullptr;
-			if (Result.IsValid() && Result->TryGetObject(Object) && (*Object)->GetStringField(TEXT("tool_use_id")) == ToolUseId)
-			{
-				return true;
-			}
-		}
-		return false;
+			return Result.IsValid() && Result->AsObject().IsValid() && Result->AsObject()->GetStringField(TEXT("tool_use_id")) == ToolUseId;
+		});
 	}
 }
 

@@ -20,7 +20,7 @@ namespace
 		return Transaction != nullptr && Transaction->GetTitle().ToString().Equals(Name, ESearchCase::IgnoreCase);
 	}
 
-	/** Outside a conversation, the file history holds changes of this one. */
+	/** No conversation runs, and the history holds file changes of the one named. */
 	bool HasFileChanges(const FString& ConversationKey, const FFileHistoryMap& Histories)
 	{
 		return FAgent::Get().GetConversationId().IsEmpty() && !ConversationKey.IsEmpty() && Histories.Contains(ConversationKey);
