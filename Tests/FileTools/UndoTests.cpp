@@ -57,13 +57,16 @@ TEST_F(UndoTest, UndoRestoresEveryFileOfTheConversationAndRedoPutsTheLastStateBa
 	std::filesystem::remove_all(Project() / "Undo");
 	WriteText("Undo/Kept.txt", "original\n");
 	WriteText("Undo/Old.h", "// old\n");
-	// One file under three spellings, a created one, a deleted one and the deletion of a file that isn't there.
+	// One file under three spellings, one created and edited, one edited and deleted, and the deletion of a
+	// file that isn't there.
 	UseScenario(R"({"turns": [)" + Turn(
 		ToolUse("update_file", "u1", R"({"path": "Undo/Kept.txt", "old_string": "original", "new_string": "second"})") + ", " +
 		ToolUse("create_file", "u2", R"({"path": ")" + Full("Undo/Kept.txt") + R"(", "file_text": "third\n"})") + ", " +
 		ToolUse("insert_into_file", "u3", R"({"path": "Undo/./../Undo/Kept.txt", "insert_line": "1", "new_string": "fourth"})") + ", " +
 		ToolUse("create_cpp_file", "u4", R"({"filepath": "Undo", "filename": "New.h", "contents": "// new\n"})") + ", " +
-		ToolUse("delete_file", "u5", R"({"path": ")" + Full("Undo/Old.h") + R"("})") + ", " +
+		ToolUse("update_file", "u4b", R"({"path": ")" + Full("Undo/New.h") + R"(", "old_string": "new", "new_string": "newer"})") + ", " +
+		ToolUse("update_file", "u5", R"({"path": "Undo/Old.h", "old_string": "old", "new_string": "older"})") + ", " +
+		ToolUse("delete_file", "u5b", R"({"path": ")" + Full("Undo/Old.h") + R"("})") + ", " +
 		ToolUse("delete_file", "u6", R"({"path": "Undo/Ghost.h"})") + ", " +
 		ToolUse("finish", "u7", "{}")) + ", " + Turn(R"({"type": "text", "text": "Changed."})") + "]}");
 
@@ -91,7 +94,7 @@ TEST_F(UndoTest, UndoRestoresEveryFileOfTheConversationAndRedoPutsTheLastStateBa
 
 	Facade().RedoLastOperation();
 	EXPECT_EQ(TextOf("Undo/Kept.txt"), LastKept);
-	EXPECT_EQ(TextOf("Undo/New.h"), "// new\n");
+	EXPECT_EQ(TextOf("Undo/New.h"), "// newer\n");
 	EXPECT_EQ(ReadText("Undo/Old.h"), "<missing>");
 	EXPECT_EQ(ReadText("Undo/Ghost.h"), "<missing>");
 	EXPECT_EQ(FAgent::Get().GetUndoConversationId(), Conversation);

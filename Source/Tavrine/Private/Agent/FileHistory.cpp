@@ -153,17 +153,31 @@ bool FFileHistory::UndoChanges(const FString& TransactionKey, const FString& Fil
 	const FFileHistoryEntry Entry = *Found;
 
 	const FString FullPath = ToHistoryPath(FilePath);
-	// Taken as it comes, failure text included: the redo side is stored before the file is touched.
+	// Redo puts back the file as the conversation left it, its text or its absence, stored before the
+	// file is touched. The kind of the first change alone would lose what came after it: a created
+	// file's later edits, or the deletion of a file that was edited first.
+	const bool bFileExists = FPaths::FileExists(FullPath);
 	const FString CurrentContent = FFileUtils::ReadFile(FullPath);
-	StoreFileRedoVersion(TransactionKey, FullPath, CurrentContent, Entry);
+	FFileHistoryEntry LastState = Entry;
+	if (!bFileExists)
+	{
+		LastState.ActionType = EFileActionType::Deletion;
+	}
+	else if (Entry.ActionType != EFileActionType::Modification)
+	{
+		LastState.ActionType = EFileActionType::Creation;
+		LastState.Content = CurrentContent;
+	}
+	StoreFileRedoVersion(TransactionKey, FullPath, CurrentContent, LastState);
 
 	EFileActionType InvertedAction = Entry.ActionType;
 	if (Entry.ActionType == EFileActionType::Creation)
 	{
 		InvertedAction = EFileActionType::Deletion;
 	}
-	else if (Entry.ActionType == EFileActionType::Deletion)
+	else if (Entry.ActionType == EFileActionType::Deletion || !bFileExists)
 	{
+		// A file edited and then deleted can't be rewritten; it is made again with its text from before.
 		InvertedAction = EFileActionType::Creation;
 	}
 	// The entry stays: undo isn't consumed, so a second undo repeats the same writes.
