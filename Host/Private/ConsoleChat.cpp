@@ -48,6 +48,12 @@ void FConsoleChat::PrintStatus(const FString& Text, const FLinearColor& Color, c
 	}
 	std::printf("%s\n", Line.c_str());
 	std::fflush(stdout);
+	// The prompt log keeps what the chat shows, but for passing notices.
+	if (!bPassingNotice)
+	{
+		FTavrineInterface& Interface = FTavrineInterface::Get();
+		Interface.TavrineInterfaceLogString(Text, Interface.GetPromptLogFilePath(), true);
+	}
 }
 
 void FConsoleChat::PrintDiff(const FString& Path, const FString& OldText, const FString& NewText)
@@ -74,6 +80,11 @@ void FConsoleChat::PrintDiff(const FString& Path, const FString& OldText, const 
 		}
 	}
 	std::fflush(stdout);
+	// A file change reaches the prompt log as its path and its new text.
+	FTavrineInterface& Interface = FTavrineInterface::Get();
+	const FString LogFile = Interface.GetPromptLogFilePath();
+	Interface.TavrineInterfaceLogString(Path, LogFile, true);
+	Interface.TavrineInterfaceLogString(NewText, LogFile, true);
 }
 
 void FConsoleLogDevice::Serialize(const TCHAR* Text, ELogVerbosity::Type Verbosity, const FName& Category)

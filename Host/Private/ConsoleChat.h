@@ -4,7 +4,7 @@
 #include "Misc/OutputDevice.h"
 
 // Prints the chat as the plugin sends it: status messages in their speaker's colour, passing notices
-// ("...") dimmed, file changes as unified diffs.
+// ("...") dimmed, file changes as unified diffs; and writes the prompt log where the chat window would.
 class FConsoleChat
 {
 public:

@@ -16,7 +16,7 @@ const char* GetHostUsage()
 		   "  --source-control  git: stage new files, unstage or stage deletions through git; none: no\n"
 		   "                    source control; auto (default): git when the project is in a work tree\n"
 		   "Commands in interactive mode: plain text sends a message; /continue [TEXT], /approve, /pause,\n"
-		   "/cancel [REASON], /end [REASON], /state, /help, /quit.\n";
+		   "/cancel [REASON], /end [REASON], /undo, /redo, /state, /help, /quit.\n";
 }
 
 std::optional<FHostOptions> ParseHostOptions(int ArgC, char** ArgV, const std::string& DefaultProject, std::string& Error)

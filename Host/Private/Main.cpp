@@ -45,9 +45,16 @@ namespace
 		return bWaiting && FHttpModule::Get().GetHttpManager().GetNumActiveRequests() == 0;
 	}
 
+	// Whether the last conversation can be undone or redone, as the chat's buttons would show it.
+	std::string UndoRedoAvailability()
+	{
+		const FTavrineInterface& Interface = FTavrineInterface::Get();
+		return std::string("undo ") + (Interface.CanUndo() ? "available" : "unavailable") + ", redo " + (Interface.CanRedo() ? "available" : "unavailable");
+	}
+
 	void PrintState()
 	{
-		std::printf("(agent state %d)\n", static_cast<int>(FAgent::Get().GetState()));
+		std::printf("(agent state %d; %s)\n", static_cast<int>(FAgent::Get().GetState()), UndoRedoAvailability().c_str());
 	}
 
 	// One typed line: plain text is the next message, "/" starts a command. Gives false for /quit.
@@ -102,6 +109,14 @@ namespace
 		else if (Command == TEXT("/end"))
 		{
 			Interface.EndRequest(Argument);
+		}
+		else if (Command == TEXT("/undo"))
+		{
+			Interface.UndoLastOperation();
+		}
+		else if (Command == TEXT("/redo"))
+		{
+			Interface.RedoLastOperation();
 		}
 		else if (Command == TEXT("/state"))
 		{

@@ -122,9 +122,9 @@ void FAgentTest::Accept(const FString& RequestId)
 	AnswerCommand(FString::Printf(TEXT("{\"request_id\": \"%s\"}"), *RequestId));
 }
 
-void FAgentTest::AnswerStatus(const FString& Content)
+void FAgentTest::AnswerStatus(const FString& Content, FHttpRequestPtr Poll)
 {
-	FHTTPAPI::Get().OnStatusComplete(nullptr, MakeShared<FFakeResponse, ESPMode::ThreadSafe>(200, Content), true);
+	FHTTPAPI::Get().OnStatusComplete(Poll, MakeShared<FFakeResponse, ESPMode::ThreadSafe>(200, Content), true);
 }
 
 void FAgentTest::Complete(const FString& ResponseJson)

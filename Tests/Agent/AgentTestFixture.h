@@ -45,7 +45,8 @@ protected:
 
 	void AnswerCommand(const FString& Content, int32 Code = 200);
 	void Accept(const FString& RequestId = TEXT("req-1"));
-	void AnswerStatus(const FString& Content);
+	/** Answers a status poll; without the poll's request, the answer counts as one for the request being polled. */
+	void AnswerStatus(const FString& Content, FHttpRequestPtr Poll = nullptr);
 	/** Completes the polled request with this "response" object. */
 	void Complete(const FString& ResponseJson);
 

@@ -1,5 +1,7 @@
 #include "AgentTestFixture.h"
 
+#include "HttpModule.h"
+
 TEST_F(FAgentTest, AnswersToThePostAreJudgedByTheirDocument)
 {
 	FTavrineInterface::Get().InitialRequest(TEXT("Go"));
@@ -60,4 +62,33 @@ TEST_F(FAgentTest, AnswerHandlerSkipsWhatItCannotUse)
 	EXPECT_EQ(Chat.Num(), ChatBefore);
 	EXPECT_EQ(Agent.GetState(), EAgentState::AwaitingApproval);
 	EXPECT_EQ(Agent.GetPendingToolUses().Num(), 1);
+}
+
+TEST_F(FAgentTest, AFinalAnswerToAnEarlierRequestsPollIsDropped)
+{
+	const auto PollOf = [](const FString& RequestId)
+	{
+		const FHttpRequestRef Poll = FHttpModule::Get().CreateRequest();
+		Poll->SetURL(FHTTPAPI::MakeStatusUrl(RequestId));
+		return FHttpRequestPtr(Poll);
+	};
+	const FString Answer = TEXT(R"({"status": "COMPLETED", "response": {"auto_continue": true, "response": [
+		{"type": "tool_use", "name": "nope", "id": "a", "input": {}}]}})");
+
+	FTavrineInterface::Get().InitialRequest(TEXT("Go"));
+	Accept(TEXT("first"));
+	AnswerStatus(Answer, PollOf(TEXT("first")));
+	ASSERT_EQ(Sent.Last().Verb, TEXT("POST")) << "the tool's result goes out";
+	Accept(TEXT("second"));
+	const int32 SentBefore = Sent.Num();
+
+	// A slower poll of the first request brings the same final answer again: its tool calls must not run twice.
+	AnswerStatus(Answer, PollOf(TEXT("first")));
+	EXPECT_EQ(Sent.Num(), SentBefore);
+	EXPECT_TRUE(FHTTPAPI::Get().IsPolling());
+	// Identifiers are compared as the backend wrote them.
+	AnswerStatus(TEXT(R"({"status": "FAILED", "error": "x"})"), PollOf(TEXT("SECOND")));
+	EXPECT_TRUE(FHTTPAPI::Get().IsPolling());
+	AnswerStatus(TEXT(R"({"status": "FAILED", "error": "x"})"), PollOf(TEXT("second")));
+	EXPECT_FALSE(FHTTPAPI::Get().IsPolling());
 }

@@ -1,4 +1,5 @@
 #include "Agent/FileHistory.h"
+#include "Misc/Paths.h"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +14,9 @@ TEST(FileHistory, FirstStoreWinsAndNewEntriesDropTheRedoSide)
 	History.StoreFileCreation(TEXT("T1"), TEXT("New.txt"), FString());
 	const TMap<FString, FFileHistoryEntry>& Files = History.GetFileHistories().FindChecked(TEXT("T1"));
 	EXPECT_EQ(Files.Num(), 2);
-	EXPECT_EQ(Files.FindChecked(TEXT("Source/A.cpp")).ActionType, EFileActionType::Modification);
-	EXPECT_TRUE(Files.FindChecked(TEXT("Source/A.cpp")).Content.Equals(TEXT("first"), ESearchCase::CaseSensitive));
+	const FFileHistoryEntry& Kept = Files.FindChecked(FPaths::ConvertRelativePathToFull(FPaths::ProjectDir(), TEXT("Source/A.cpp")));
+	EXPECT_EQ(Kept.ActionType, EFileActionType::Modification);
+	EXPECT_TRUE(Kept.Content.Equals(TEXT("first"), ESearchCase::CaseSensitive));
 
 	FFileHistoryEntry Undone;
 	Undone.ActionType = EFileActionType::Modification;

@@ -95,8 +95,10 @@ TEST_F(FileToolsTest, ChangesKeepUndoDataFirstAndShowDiffsOfSuccessesOnly)
 	Chat.clear();
 	EXPECT_EQ(Run("delete_cpp_file", R"({"filepath": "Made", "filename": "Gone.h"})"), "Error: File does not exist at path: Made/Gone.h");
 	EXPECT_EQ(ChatTexts(), (std::vector<std::string> { "Deleting File...", "Deleting File..." }));
+	EXPECT_EQ(UndoKind("Made/Gone.h"), EFileActionType::None) << "a missing file has no text to keep";
 	EXPECT_EQ(Run("delete_file", R"({"path": "Made/One.txt"})"), "Successfully deleted file: Made/One.txt");
-	EXPECT_EQ(UndoKind("Made/One.txt"), EFileActionType::Deletion);
+	// Made in this conversation under its full path and deleted under a relative one: one file, one history.
+	EXPECT_EQ(UndoKind("Made/One.txt"), EFileActionType::Creation);
 	EXPECT_FALSE(std::filesystem::exists(Project() / "Made/One.txt"));
 
 	const std::vector<FDiffLine> Expected =

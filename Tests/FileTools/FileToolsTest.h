@@ -119,11 +119,11 @@ protected:
 		return FStringToUtf8(Out);
 	}
 
-	/** Kind of the undo entry kept for the path in the agent's undo conversation, None when there is none. */
+	/** Kind of the undo entry kept for the file in the agent's undo conversation, None when there is none. */
 	static EFileActionType UndoKind(const std::string& Path)
 	{
 		const TMap<FString, FFileHistoryEntry>* Files = FFileHistory::Get().GetFileHistories().Find(FAgent::Get().GetUndoConversationId());
-		const FFileHistoryEntry* Entry = Files ? Files->Find(Utf8ToFString(Path)) : nullptr;
+		const FFileHistoryEntry* Entry = Files ? Files->Find(FPaths::ConvertRelativePathToFull(FPaths::ProjectDir(), Utf8ToFString(Path))) : nullptr;
 		return Entry ? Entry->ActionType : EFileActionType::None;
 	}
 

@@ -45,7 +45,7 @@ namespace
 
 		const FFileHistoryEntry& RedoEntryOf(const FString& TransactionKey, const TCHAR* Path) const
 		{
-			return History.GetRedoHistories().FindChecked(TransactionKey).FindChecked(Path);
+			return History.GetRedoHistories().FindChecked(TransactionKey).FindChecked(ProjectPath(Path));
 		}
 
 		FFileHistory& History = FFileHistory::Get();
@@ -68,13 +68,13 @@ TEST_F(FFileHistoryOnDiskTest, UndoAndRedoOfAConversationPutEveryFileBackAndFort
 	// A modification comes back through the whole-content rewrite, a deletion through creation.
 	EXPECT_EQ(ReadBytes(TEXT("Source/Kept.cpp")), Utf8Bom + "int Value = 1;\n");
 	EXPECT_EQ(ReadBytes(TEXT("Source/Removed.h")), "#pragma once\n");
-	EXPECT_EQ(RedoEntry(TEXT("Source/New.cpp")).Content, TEXT("// new\n"));
+	EXPECT_EQ(RedoEntry(TEXT("Source/New.cpp")).Content, TEXT("// newer\n"));
 	EXPECT_EQ(RedoEntry(TEXT("Source/Kept.cpp")).Content, TEXT("int Value = 3;\n"));
 	EXPECT_EQ(RedoEntry(TEXT("Source/Removed.h")).ActionType, EFileActionType::Deletion);
 
 	EXPECT_TRUE(History.RedoAllChanges(Conversation));
-	// Redo makes the file as it was created; the later edit was never stored.
-	EXPECT_EQ(ReadBytes(TEXT("Source/New.cpp")), "// new\n");
+	// Redo makes the file as the conversation left it, with the edit after its creation.
+	EXPECT_EQ(ReadBytes(TEXT("Source/New.cpp")), "// newer\n");
 	EXPECT_EQ(ReadBytes(TEXT("Source/Kept.cpp")), Utf8Bom + "int Value = 3;\n");
 	EXPECT_FALSE(Exists(TEXT("Source/Removed.h")));
 
@@ -87,7 +87,7 @@ TEST_F(FFileHistoryOnDiskTest, UndoAndRedoOfAConversationPutEveryFileBackAndFort
 	EXPECT_FALSE(Exists(TEXT("Source/New.cpp")));
 }
 
-TEST_F(FFileHistoryOnDiskTest, MissingEntriesAreRefusedAndFailedRewritesStillCountAsDone)
+TEST_F(FFileHistoryOnDiskTest, MissingEntriesAreRefusedAndDeletedFilesComeBack)
 {
 	WriteBytes(TEXT("A.txt"), "a");
 	Modify(TEXT("A.txt"), TEXT("a"), TEXT("b"));
@@ -97,12 +97,13 @@ TEST_F(FFileHistoryOnDiskTest, MissingEntriesAreRefusedAndFailedRewritesStillCou
 	EXPECT_TRUE(History.UndoAllChanges(TEXT("unknown")));
 	EXPECT_EQ(ReadBytes(TEXT("A.txt")), Utf8Bom + "b");
 
-	// Deleted since its modification: it can't be rewritten, yet the undo counts as done, and the redo
-	// side keeps the read's failure text.
+	// Deleted since its modification: undo makes it again with its text from before, and redo deletes it.
 	FFileUtils::DeleteFile(TEXT("A.txt"));
 	EXPECT_TRUE(History.UndoAllChanges(Conversation));
+	EXPECT_EQ(ReadBytes(TEXT("A.txt")), "a");
+	EXPECT_EQ(RedoEntry(TEXT("A.txt")).ActionType, EFileActionType::Deletion);
+	EXPECT_TRUE(History.RedoAllChanges(Conversation));
 	EXPECT_FALSE(Exists(TEXT("A.txt")));
-	EXPECT_TRUE(RedoEntry(TEXT("A.txt")).Content.StartsWith(TEXT("Error: File does not exist: ")));
 
 	// An empty creation is undone and redone; an undone deletion comes back through creation, which
 	// picks UTF-16 for non-ASCII text where the file was UTF-8.
@@ -137,7 +138,7 @@ TEST_F(FFileHistoryOnDiskTest, UndoSideKeepsTheFirstStoreRedoSideTheLastAndOnlyA
 	History.StoreFileDeletion(Conversation, TEXT("Source/A.cpp"), TEXT("third"));
 	History.StoreFileVersion(Conversation, TEXT("Source/Empty.cpp"), FString());
 	History.StoreFileCreation(Conversation, FString(), TEXT("no path"));
-	const FFileHistoryEntry& Kept = History.GetFileHistories().FindChecked(Conversation).FindChecked(TEXT("Source/A.cpp"));
+	const FFileHistoryEntry& Kept = History.GetFileHistories().FindChecked(Conversation).FindChecked(ProjectPath(TEXT("Source/A.cpp")));
 	EXPECT_EQ(Kept.ActionType, EFileActionType::Modification);
 	EXPECT_EQ(Kept.Content, TEXT("first"));
 	EXPECT_EQ(History.GetFileHistories().FindChecked(Conversation).Num(), 1);

@@ -103,6 +103,12 @@ FString GetApiKey()
 	return FString();
 }
 
+FString FHTTPAPI::MakeStatusUrl(const FString& InRequestId)
+{
+	// The identifier goes in as the backend gave it, unescaped.
+	return FString::Printf(TEXT("https://%s/status?request_id=%s"), *GetApiHost(), *InRequestId);
+}
+
 FHTTPAPI& FHTTPAPI::Get()
 {
 	static FHTTPAPI Instance;
@@ -310,7 +316,7 @@ void FHTTPAPI::Poll(const FString& InRequestId)
 
 	const FHttpRequestRef Request = FHttpModule::Get().CreateRequest();
 	Request->SetVerb(TEXT("GET"));
-	Request->SetURL(FString::Printf(TEXT("https://%s/status?request_id=%s"), *GetApiHost(), *InRequestId));
+	Request->SetURL(MakeStatusUrl(InRequestId));
 	Request->SetHeader(TEXT("x-api-key"), GetApiKey());
 	Request->SetHeader(TEXT("conversation-id"), FAgent::Get().GetConversationId());
 	Request->OnProcessRequestComplete().BindRaw(this, &FHTTPAPI::OnStatusComplete);
@@ -323,6 +329,12 @@ void FHTTPAPI::OnStatusComplete(FHttpRequestPtr Request, FHttpResponsePtr Respon
 {
 	// An answer that arrives after polling stopped belongs to a request nobody waits for.
 	if (!bIsPolling)
+	{
+		return;
+	}
+	// Polls are not serialised: with a backend slower than the poll gap, an earlier request's final answer
+	// can arrive after the next request is being polled, and would run that turn's tool calls again.
+	if (Request.IsValid() && !Request->GetURL().Equals(MakeStatusUrl(RequestId), ESearchCase::CaseSensitive))
 	{
 		return;
 	}

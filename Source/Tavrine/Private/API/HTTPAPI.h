@@ -79,6 +79,9 @@ public:
 	static FString MakeRegularRequestBody(const FString& Message, const TArray<TSharedPtr<FJsonValue>>& ToolResults);
 	static FString MakeTypeRequestBody(const FString& Type);
 
+	/** Where the status of a request is polled. */
+	static FString MakeStatusUrl(const FString& InRequestId);
+
 	/** The "engine-version" header's value, major and minor; empty when the version string has no minor part. */
 	static FString MakeEngineVersionHeader(const FString& VersionString);
 

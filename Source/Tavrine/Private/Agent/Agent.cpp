@@ -16,6 +16,11 @@ FAgent& FAgent::Get()
 	return Instance;
 }
 
+FString FAgent::MakeTransactionName(const FString& InConversationId)
+{
+	return FString::Printf(TEXT("Tavrine Transaction %s"), *InConversationId);
+}
+
 FAgent::FAgent()
 {
 	FHTTPAPI& Api = FHTTPAPI::Get();

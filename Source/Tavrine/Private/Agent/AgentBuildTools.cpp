@@ -52,8 +52,7 @@ FString FAgent::HandleExecutePythonScript(const FString& Id, const TSharedPtr<FJ
 		return TEXT("Error: Missing code field");
 	}
 	// What the script does to assets can be undone at once.
-	const FString TransactionName = FString::Printf(TEXT("Tavrine Transaction %s"), *ConversationId);
-	FScopedTransaction Transaction(FText::FromString(TransactionName), true);
+	FScopedTransaction Transaction(FText::FromString(MakeTransactionName(ConversationId)), true);
 	const FPythonScriptResult Result = FTavrinePythonUtils::CreateAndExecutePythonScript(Code);
 	return FString::Printf(TEXT("%s: %s"), *Result.Message, *Result.Details);
 }

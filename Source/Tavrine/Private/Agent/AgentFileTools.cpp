@@ -221,7 +221,12 @@ FString FAgent::HandleDeleteFile(const FString& Id, const TSharedPtr<FJsonObject
 	}
 
 	const FString OldText = FFileUtils::ReadFile(Path);
-	FFileHistory::Get().StoreFileDeletion(UndoConversationId, Path, OldText);
+	// A missing file has no text to bring back: storing the read's failure text would make undo create
+	// a file that holds it.
+	if (FPaths::FileExists(FPaths::ConvertRelativePathToFull(FPaths::ProjectDir(), Path)))
+	{
+		FFileHistory::Get().StoreFileDeletion(UndoConversationId, Path, OldText);
+	}
 	const FString Result = FFileUtils::DeleteFile(Path);
 	if (!FFileUtils::IsErrorText(Result))
 	{

@@ -6,10 +6,20 @@
 
 namespace
 {
+	/**
+	 * The key of a file: its full, normalised path. The tools name one file in many ways (relative,
+	 * absolute, with "..", with backslashes); under one key it keeps one history, so undo goes back to
+	 * the text from before the conversation and redo to the last one.
+	 */
+	FString ToHistoryPath(const FString& FilePath)
+	{
+		return FPaths::ConvertRelativePathToFull(FPaths::ProjectDir(), FilePath);
+	}
+
 	const FFileHistoryEntry* FindEntry(const FFileHistoryMap& Histories, const FString& TransactionKey, const FString& FilePath)
 	{
 		const TMap<FString, FFileHistoryEntry>* Files = Histories.Find(TransactionKey);
-		return Files != nullptr ? Files->Find(FilePath) : nullptr;
+		return Files != nullptr && !FilePath.IsEmpty() ? Files->Find(ToHistoryPath(FilePath)) : nullptr;
 	}
 
 	/**
@@ -68,9 +78,10 @@ void FFileHistory::StoreEntry(const FString& TransactionKey, const FString& File
 		return;
 	}
 
+	const FString HistoryPath = ToHistoryPath(FilePath);
 	TMap<FString, FFileHistoryEntry>& Files = FileHistories.FindOrAdd(TransactionKey);
 	// The first store of a file in a transaction wins, so undo goes back to the state before its first change.
-	if (Files.Contains(FilePath))
+	if (Files.Contains(HistoryPath))
 	{
 		return;
 	}
@@ -79,7 +90,7 @@ void FFileHistory::StoreEntry(const FString& TransactionKey, const FString& File
 	Entry.ActionType = ActionType;
 	Entry.Timestamp = FDateTime::Now();
 	Entry.Content = Content;
-	Files.Add(FilePath, Entry);
+	Files.Add(HistoryPath, Entry);
 
 	// A new change makes every redo stale.
 	RedoHistories.Empty();
@@ -114,7 +125,7 @@ void FFileHistory::StoreFileRedoVersion(const FString& TransactionKey, const FSt
 	}
 
 	// Unlike the undo side, the latest redo version replaces an older one.
-	RedoHistories.FindOrAdd(TransactionKey).Add(FilePath, RedoEntry);
+	RedoHistories.FindOrAdd(TransactionKey).Add(ToHistoryPath(FilePath), RedoEntry);
 }
 
 bool FFileHistory::CanUndo(const FString& TransactionKey, const FString& FilePath) const
@@ -141,22 +152,36 @@ bool FFileHistory::UndoChanges(const FString& TransactionKey, const FString& Fil
 	// A copy: storing the redo version below may grow the maps that hold the entry.
 	const FFileHistoryEntry Entry = *Found;
 
-	const FString FullPath = FPaths::ConvertRelativePathToFull(FPaths::ProjectDir(), FilePath);
-	// Taken as it comes, failure text included: the redo side is stored before the file is touched.
+	const FString FullPath = ToHistoryPath(FilePath);
+	// Redo puts back the file as the conversation left it, its text or its absence, stored before the
+	// file is touched. The kind of the first change alone would lose what came after it: a created
+	// file's later edits, or the deletion of a file that was edited first.
+	const bool bFileExists = FPaths::FileExists(FullPath);
 	const FString CurrentContent = FFileUtils::ReadFile(FullPath);
-	StoreFileRedoVersion(TransactionKey, FilePath, CurrentContent, Entry);
+	FFileHistoryEntry LastState = Entry;
+	if (!bFileExists)
+	{
+		LastState.ActionType = EFileActionType::Deletion;
+	}
+	else if (Entry.ActionType != EFileActionType::Modification)
+	{
+		LastState.ActionType = EFileActionType::Creation;
+		LastState.Content = CurrentContent;
+	}
+	StoreFileRedoVersion(TransactionKey, FullPath, CurrentContent, LastState);
 
 	EFileActionType InvertedAction = Entry.ActionType;
 	if (Entry.ActionType == EFileActionType::Creation)
 	{
 		InvertedAction = EFileActionType::Deletion;
 	}
-	else if (Entry.ActionType == EFileActionType::Deletion)
+	else if (Entry.ActionType == EFileActionType::Deletion || !bFileExists)
 	{
+		// A file edited and then deleted can't be rewritten; it is made again with its text from before.
 		InvertedAction = EFileActionType::Creation;
 	}
 	// The entry stays: undo isn't consumed, so a second undo repeats the same writes.
-	return ApplyFileSystemChange(FilePath, Entry.Content, InvertedAction);
+	return ApplyFileSystemChange(FullPath, Entry.Content, InvertedAction);
 }
 
 bool FFileHistory::RedoChanges(const FString& TransactionKey, const FString& FilePath)
@@ -172,7 +197,7 @@ bool FFileHistory::RedoChanges(const FString& TransactionKey, const FString& Fil
 	}
 	const FFileHistoryEntry Entry = *Found;
 	// The action as stored: a creation that was undone is made again, a deletion is done again.
-	return ApplyFileSystemChange(FilePath, Entry.Content, Entry.ActionType);
+	return ApplyFileSystemChange(ToHistoryPath(FilePath), Entry.Content, Entry.ActionType);
 }
 
 bool FFileHistory::UndoAllChanges(const FString& TransactionKey)

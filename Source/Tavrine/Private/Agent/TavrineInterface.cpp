@@ -23,6 +23,7 @@ void FTavrineInterface::Initialize()
 	}
 	bInitialized = true;
 	bPluginEnabled = true;
+	StartPromptLog();
 	OnInitialized.Broadcast();
 }
 

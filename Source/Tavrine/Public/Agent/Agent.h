@@ -70,6 +70,9 @@ public:
 	void SetUndoConversationId(const FString& Id) { UndoConversationId = Id; }
 	void SetRedoConversationId(const FString& Id) { RedoConversationId = Id; }
 
+	/** Title of the editor transactions that a conversation's changes go into, so that undo can find them. */
+	static FString MakeTransactionName(const FString& InConversationId);
+
 	TArray<TSharedPtr<FJsonValue>>& GetMessages() { return Messages; }
 	TArray<TSharedPtr<FJsonValue>>& GetToolResults() { return ToolResults; }
 	const TArray<TSharedPtr<FJsonObject>>& GetPendingToolUses() const { return PendingToolUses; }

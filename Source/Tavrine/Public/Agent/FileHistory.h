@@ -20,7 +20,7 @@ struct FFileHistoryEntry
 	FString Content;
 };
 
-/** Transaction key to file path to the version kept for it. Both keys compare without case. */
+/** Transaction key to the file's full path to the version kept for it. Both keys compare without case. */
 using FFileHistoryMap = TMap<FString, TMap<FString, FFileHistoryEntry>>;
 
 /**
