@@ -60,6 +60,14 @@ public:
 	void OnAddStatusMessage(const FString& Text, const FLinearColor& Color, const FName& FontName, float FontSize);
 	void OnAddDiffMessage(const FString& FilePath, const FString& OldText, const FString& NewText);
 
+	// Undo and redo of a whole conversation, and the daily prompt log: placeholders until they land.
+	bool CanUndo() const;
+	bool CanRedo() const;
+	void UndoLastOperation();
+	void RedoLastOperation();
+	FString GetPromptLogFilePath() const;
+	void TavrineInterfaceLogString(const FString& Text, const FString& FilePath, bool bWithTimestamp);
+
 private:
 	FTavrineInterface() = default;
 
