@@ -14,7 +14,8 @@ namespace
 {
 	void Collect(const TSharedRef<SWidget>& Widget, FName Type, TArray<TSharedRef<SWidget>>& Out)
 	{
-		if (Type.IsNone() || Widget->GetType() == Type)
+		// Templates are named with their arguments ("SComboBox<TSharedPtr<FString>>"); the class name matches them all.
+		if (Type.IsNone() || Widget->GetType() == Type || Widget->GetTypeAsString().StartsWith(Type.ToString() + TEXT("<")))
 		{
 			Out.Add(Widget);
 		}

@@ -4,6 +4,7 @@
 #include "Misc/StandInProject.h"
 #include "Widget/TavrineSavedMode.h"
 #include "Widgets/Input/SButton.h"
+#include "Widgets/Input/SComboBox.h"
 #include "Widgets/Layout/SScrollBox.h"
 #include "Widgets/Text/SMultiLineEditableText.h"
 
@@ -167,7 +168,7 @@ TEST_F(FChatWindowTest, AUsersScrollHoldsTheViewForTheSettingsTime)
 	EXPECT_FALSE(STavrineWidget::bUserScrolled);
 }
 
-TEST_F(FChatWindowTest, TheModeButtonSwitchesAndKeepsTheMode)
+TEST_F(FChatWindowTest, TheModeSelectorSwitchesAndKeepsTheMode)
 {
 	const std::filesystem::path Root = std::filesystem::temp_directory_path() / ("TavrineModeTest-" + std::to_string(::getpid()));
 	std::filesystem::create_directories(Root);
@@ -176,15 +177,20 @@ TEST_F(FChatWindowTest, TheModeButtonSwitchesAndKeepsTheMode)
 
 	UTavrineSettings* Settings = GetMutableDefault<UTavrineSettings>();
 	ASSERT_EQ(Settings->Mode, ETavrineMode::ExplainerMode);
-	Click(TEXT("Explainer Mode"));
+	const TArray<TSharedRef<SWidget>> Combos = FindAll(Window.ToSharedRef(), TEXT("SComboBox"));
+	ASSERT_EQ(Combos.Num(), 1);
+	SComboBox<TSharedPtr<FString>>& Selector = static_cast<SComboBox<TSharedPtr<FString>>&>(Combos[0].Get());
+	EXPECT_EQ(TextsUnder(Combos[0]), TArray<FString>{ TEXT("Explainer Mode") });
+
+	Selector.SetSelectedItem(Window->GetModeOptions()[1]);
 	EXPECT_EQ(Settings->Mode, ETavrineMode::ExplainerAndImplementerMode);
-	EXPECT_TRUE(IsShown(TEXT("Explainer And Implementer Mode")));
+	EXPECT_EQ(TextsUnder(Combos[0]), TArray<FString>{ TEXT("Explainer And Implementer Mode") });
 
 	// The next session reads the saved choice back.
 	Settings->Mode = ETavrineMode::ExplainerMode;
 	FTavrineSavedMode::Load();
 	EXPECT_EQ(Settings->Mode, ETavrineMode::ExplainerAndImplementerMode);
-	Click(TEXT("Explainer And Implementer Mode"));
+	Selector.SetSelectedItem(Window->GetModeOptions()[0]);
 	FTavrineSavedMode::Load();
 	EXPECT_EQ(Settings->Mode, ETavrineMode::ExplainerMode);
 	FStandInProject::Reset();

@@ -11,6 +11,7 @@
 #include "TavrineSettings.h"
 #include "Widget/TavrineSavedMode.h"
 #include "Widgets/Input/SButton.h"
+#include "Widgets/Input/SComboBox.h"
 #include "Widgets/Layout/SBorder.h"
 #include "Widgets/Layout/SBox.h"
 #include "Widgets/Layout/SScrollBox.h"
@@ -215,12 +216,18 @@ TSharedRef<SWidget> STavrineWidget::MakeButton(const FString& Label, const FButt
 
 TSharedRef<SWidget> STavrineWidget::MakeModeSelector()
 {
+	const int32 Current = static_cast<int32>(GetDefault<UTavrineSettings>()->Mode);
 	return SNew(SBox)
 	[
-		SNew(SButton)
-		.ButtonStyle(&PrimaryButtonStyle)
-		.OnClicked(this, &STavrineWidget::OnModeClicked)
-		.ToolTipText(FText::FromString(TEXT("Explainer Mode waits for your approval before each tool call; Explainer And Implementer Mode runs them at once. Click to switch.")))
+		SNew(SComboBox<TSharedPtr<FString>>)
+		.OptionsSource(&ModeOptions)
+		.InitiallySelectedItem(ModeOptions.IsValidIndex(Current) ? ModeOptions[Current] : ModeOptions[0])
+		.OnGenerateWidget_Lambda([](TSharedPtr<FString> Option) -> TSharedRef<SWidget>
+		{
+			return SNew(STextBlock).Text(FText::FromString(Option.IsValid() ? *Option : FString()));
+		})
+		.OnSelectionChanged(this, &STavrineWidget::OnModeSelected)
+		.ToolTipText(FText::FromString(TEXT("Explainer Mode waits for your approval before each tool call; Explainer And Implementer Mode runs them at once.")))
 		[
 			SNew(STextBlock)
 			.Text(Poll(&STavrineWidget::GetModeLabel))
@@ -349,12 +356,15 @@ FReply STavrineWidget::OnEndClicked()
 	return FReply::Handled();
 }
 
-FReply STavrineWidget::OnModeClicked()
+void STavrineWidget::OnModeSelected(TSharedPtr<FString> Option, ESelectInfo::Type SelectInfo)
 {
-	UTavrineSettings* Settings = GetMutableDefault<UTavrineSettings>();
-	Settings->Mode = Settings->Mode == ETavrineMode::ExplainerMode ? ETavrineMode::ExplainerAndImplementerMode : ETavrineMode::ExplainerMode;
+	const int32 Index = ModeOptions.IndexOfByKey(Option);
+	if (Index == INDEX_NONE)
+	{
+		return;
+	}
+	GetMutableDefault<UTavrineSettings>()->Mode = static_cast<ETavrineMode>(Index);
 	FTavrineSavedMode::Save();
-	return FReply::Handled();
 }
 
 void STavrineWidget::OnUserScrolled(float ScrollOffset)

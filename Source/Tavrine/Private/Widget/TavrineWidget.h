@@ -2,6 +2,7 @@
 
 #include "CoreMinimal.h"
 #include "Styling/SlateTypes.h"
+#include "Types/SlateEnums.h"
 #include "Widget/DiffHunks.h"
 #include "Widgets/DeclarativeSyntaxSupport.h"
 #include "Widgets/SCompoundWidget.h"
@@ -70,7 +71,7 @@ private:
 	FReply OnUndoClicked();
 	FReply OnRedoClicked();
 	FReply OnEndClicked();
-	FReply OnModeClicked();
+	void OnModeSelected(TSharedPtr<FString> Option, ESelectInfo::Type SelectInfo);
 	void OnUserScrolled(float ScrollOffset);
 	void OnAgentStateChanged();
 
