@@ -1,5 +1,6 @@
 #include "ChatWindowTestFixture.h"
 
+#include "Framework/Application/SlateApplication.h"
 #include "HAL/StandInClock.h"
 #include "Input/Events.h"
 #include "InputCoreTypes.h"
@@ -41,6 +42,7 @@ void FChatWindowTest::SetUp()
 
 void FChatWindowTest::TearDown()
 {
+	FSlateApplication::Get().SetKeyboardFocus(nullptr);
 	Prompt.Reset();
 	ScrollBox.Reset();
 	Window.Reset();
@@ -127,8 +129,10 @@ FString FChatWindowTest::Typed() const
 
 bool FChatWindowTest::PressEnter(bool bShift)
 {
+	// The key goes where a typing user's would: to the focused prompt box first, then up the tree.
 	const FModifierKeysState Modifiers(bShift, false, false, false, false, false, false, false, false);
-	return Window->OnKeyDown(FGeometry(), FKeyEvent(EKeys::Enter, Modifiers, 0, false, 0, 0)).IsEventHandled();
+	FSlateApplication::Get().SetKeyboardFocus(Prompt);
+	return FSlateApplication::Get().ProcessKeyDownEvent(FKeyEvent(EKeys::Enter, Modifiers, 0, false, 0, 0));
 }
 
 void FChatWindowTest::Click(const TCHAR* Label)

@@ -59,16 +59,6 @@ namespace
 		}
 		return Text;
 	}
-
-	TArray<FString> Lines(std::initializer_list<const TCHAR*> Texts)
-	{
-		TArray<FString> Result;
-		for (const TCHAR* Text : Texts)
-		{
-			Result.Add(Text);
-		}
-		return Result;
-	}
 }
 
 // Few distinct lines (with case variants and blanks) make long runs of ties, where the tie-break shows;
@@ -109,14 +99,14 @@ TEST(DiffHunks, CreationAndDeletionAreAllOneSideAndCaseDoesNotCount)
 	EXPECT_EQ(Created[0][1].NewLineNumber, 2);
 	EXPECT_EQ(Created[0][1].OldLineNumber, 0);
 
-	const TArray<FDiffLine> Deleted = BuildDiffLines(Lines({ TEXT("x"), TEXT("y") }), {});
+	const TArray<FDiffLine> Deleted = BuildDiffLines(TArray<FString>{ TEXT("x"), TEXT("y") }, {});
 	ASSERT_EQ(Deleted.Num(), 2);
 	EXPECT_EQ(Deleted[1].Type, FDiffLine::Removed);
 	EXPECT_EQ(Deleted[1].OldLineNumber, 2);
 	EXPECT_EQ(Deleted[1].NewLineNumber, 0);
 
 	// A changed line: removed before added, and a line that only changed case stays unchanged.
-	const TArray<FDiffLine> Changed = BuildDiffLines(Lines({ TEXT("Keep"), TEXT("old") }), Lines({ TEXT("KEEP"), TEXT("new") }));
+	const TArray<FDiffLine> Changed = BuildDiffLines(TArray<FString>{ TEXT("Keep"), TEXT("old") }, TArray<FString>{ TEXT("KEEP"), TEXT("new") });
 	ASSERT_EQ(Changed.Num(), 3);
 	EXPECT_EQ(Changed[0].Type, FDiffLine::Unchanged);
 	EXPECT_EQ(Changed[1].Type, FDiffLine::Removed);
