@@ -5,10 +5,14 @@
 #include "HostProject.h"
 #include "HostSourceControl.h"
 #include "TerminalInput.h"
+#include "Ui/SlatePageServer.h"
 
 #include "Agent/Agent.h"
 #include "Agent/TavrineInterface.h"
+#include "Containers/Ticker.h"
 #include "CoreMinimal.h"
+#include "Framework/Application/SlateApplication.h"
+#include "Framework/Docking/TabManager.h"
 #include "HAL/StandInMemory.h"
 #include "HttpManager.h"
 #include "HttpModule.h"
@@ -17,7 +21,10 @@
 #include "Misc/StandInEngineLoop.h"
 #include "Misc/StandInProject.h"
 #include "Modules/ModuleManager.h"
+#include "ToolMenus.h"
 
+#include <atomic>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -43,6 +50,14 @@ namespace
 		const EAgentState State = FAgent::Get().GetState();
 		const bool bWaiting = State == EAgentState::Idle || State == EAgentState::AwaitingUpdate || State == EAgentState::AwaitingApproval || State == EAgentState::Pause;
 		return bWaiting && FHttpModule::Get().GetHttpManager().GetNumActiveRequests() == 0;
+	}
+
+	// Set by Ctrl+C or a termination request, so that the browser window's host shuts the plugin down cleanly.
+	std::atomic<bool> GQuitRequested{false};
+
+	void RequestQuit(int)
+	{
+		GQuitRequested = true;
 	}
 
 	void PrintState()
@@ -147,6 +162,10 @@ namespace
 
 		// The editor's engine (GEngine, GEditor and its undo queue) is there before any plugin.
 		FModuleManager::Get().LoadModule(TEXT("UnrealEd"));
+		// The editor's UI is up before plugins start: Slate, the settings pages, the menus.
+		FSlateApplication::Create();
+		FModuleManager::Get().LoadModule(TEXT("Settings"));
+		UToolMenus::StandInSetMenusReady();
 		// The editor loads the plugins that Tavrine depends on before Tavrine itself.
 		FModuleManager::Get().LoadModule(TEXT("PythonScriptPlugin"));
 		if (!SelectSourceControl(Options.SourceControl, Error))
@@ -162,6 +181,29 @@ namespace
 			return ExitTurnFailed;
 		}
 		int ExitCode = ExitOk;
+		FSlatePageServer Page;
+		FTSTicker::FDelegateHandle PageTicker;
+		if (Options.bUi)
+		{
+			if (!Page.Start(Options.UiPort, Error))
+			{
+				std::fprintf(stderr, "tavrine: %s\n", Error.c_str());
+				FModuleManager::Get().UnloadModule(TEXT("Tavrine"));
+				GLog->RemoveOutputDevice(&LogDevice);
+				return ExitBadUsage;
+			}
+			std::signal(SIGINT, RequestQuit);
+			std::signal(SIGTERM, RequestQuit);
+			// As if the user picked Window > Tavrine.
+			FGlobalTabmanager::Get()->TryInvokeTab(FTabId(TEXT("Tavrine")));
+			PageTicker = FTSTicker::GetCoreTicker().AddTicker(TEXT("SlatePage"), 0.0f, [&Page](float)
+			{
+				Page.Tick();
+				return true;
+			});
+			std::printf("Tavrine window: http://127.0.0.1:%d/\n", Page.GetPort());
+			std::fflush(stdout);
+		}
 		{
 			FConsoleChat Chat(Options.bColor);
 			bool bQuit = false;
@@ -185,7 +227,8 @@ namespace
 			{
 				std::printf("Type a message, or /help.\n");
 				FTerminalInput Input;
-				FStandInEngineLoop::PumpUntil([&Input]()
+				const bool bUi = Options.bUi;
+				FStandInEngineLoop::PumpUntil([&Input, bUi]()
 				{
 					while (std::optional<std::string> Line = Input.PopLine())
 					{
@@ -194,12 +237,19 @@ namespace
 							return true;
 						}
 					}
-					return Input.IsFinished() && IsSettled();
+					// The browser window stays up without a terminal, until it is asked to stop.
+					return GQuitRequested || (!bUi && Input.IsFinished() && IsSettled());
 				}, 1.0e9);
 				ExitCode = ExitOk;
 			}
 		}
+		if (Options.bUi)
+		{
+			FTSTicker::RemoveTicker(PageTicker);
+			Page.Stop();
+		}
 		FModuleManager::Get().UnloadModule(TEXT("Tavrine"));
+		FSlateApplication::Shutdown();
 		GLog->RemoveOutputDevice(&LogDevice);
 		return ExitCode;
 	}
