@@ -25,6 +25,8 @@ try:
 	from selenium import webdriver
 	from selenium.common.exceptions import StaleElementReferenceException, WebDriverException
 	from selenium.webdriver.chrome.service import Service
+	from selenium.webdriver.common.action_chains import ActionChains
+	from selenium.webdriver.common.actions.wheel_input import ScrollOrigin
 	from selenium.webdriver.common.by import By
 	from selenium.webdriver.common.keys import Keys
 	from selenium.webdriver.support.ui import Select
@@ -102,6 +104,11 @@ class ChatPage:
 	def prompt_box(self):
 		return self.driver.find_element(By.CSS_SELECTOR, "textarea.ed")
 
+	def scroll_state(self, element):
+		"""The scroll offset, and how far the end still is."""
+		return self.driver.execute_script(
+			"const e = arguments[0]; return [e.scrollTop, e.scrollHeight - e.clientHeight - e.scrollTop];", element)
+
 	def texts(self):
 		return [e.text for e in self.driver.find_elements(By.CSS_SELECTOR, ".ro, .text")]
 
@@ -178,7 +185,14 @@ def play(page, project_dir):
 
 	page.button("Continue").click()
 	wait_until(lambda: page.has_text("Source/SampleProject/Farewell.h"), 20, "the paused tool to run after Continue")
+	# The user scrolls up: the next message must not pull the view back to the end.
+	chat = driver.find_element(By.CSS_SELECTOR, "[data-type='SScrollBox']")
+	ActionChains(driver).scroll_from_origin(ScrollOrigin.from_element(chat), 0, -300).perform()
+	scrolled_to = wait_until(lambda: page.scroll_state(chat) if page.scroll_state(chat)[1] > 50 else None, 5, "the chat to scroll up")
 	wait_until(lambda: page.has_text("Both headers are in place."), 30, "the end of the turn")
+	time.sleep(0.5)
+	if page.scroll_state(chat)[0] > scrolled_to[0] + 5:
+		raise Failure(f"a new message moved the view the user had scrolled: {scrolled_to} -> {page.scroll_state(chat)}")
 	wait_until(lambda: page.prompt_box().is_enabled(), 10, "the prompt box to be enabled again")
 	page.shot("05-continued")
 	undo_enabled = page.is_enabled("Undo")
@@ -189,6 +203,8 @@ def play(page, project_dir):
 	wait_until(lambda: page.is_enabled("[ End ]"), 5, "[ End ] to be enabled in a conversation")
 	page.button("[ End ]").click()
 	wait_until(lambda: page.has_text("[ User End ]"), 10, "the end of the conversation")
+	# The user's own action shows the end again.
+	wait_until(lambda: page.scroll_state(chat)[1] < 5, 5, "[ End ] to scroll the chat to its end")
 	wait_until(lambda: not page.is_enabled("[ End ]"), 5, "[ End ] to turn disabled in Idle")
 	page.shot("06-ended")
 
