@@ -157,15 +157,27 @@ TEST_F(FChatWindowTest, EnterAndTheButtonsFollowTheTurn)
 
 TEST_F(FChatWindowTest, AUsersScrollHoldsTheViewForTheSettingsTime)
 {
+	auto TickAfter = [this](double Seconds)
+	{
+		FStandInClock::Advance(Seconds);
+		Window->Tick(FGeometry(), FStandInClock::GetSeconds(), 0.0f);
+	};
+
 	ScrollBox->StandInUserScrolled(40.0f, 400.0f);
-	EXPECT_TRUE(STavrineWidget::bUserScrolled);
-	Window->Tick(FGeometry(), FStandInClock::GetSeconds(), 0.0f);
-	FStandInClock::Advance(9.0);
-	Window->Tick(FGeometry(), FStandInClock::GetSeconds(), 0.0f);
-	EXPECT_TRUE(STavrineWidget::bUserScrolled);
-	FStandInClock::Advance(2.0);
-	Window->Tick(FGeometry(), FStandInClock::GetSeconds(), 0.0f);
+	TickAfter(9.0);
+	Say(TEXT("While you read"));
+	EXPECT_EQ(ScrollBox->GetScrollOffset(), 40.0f);
+
+	// The user's own action shows the end whatever the hold says.
+	Type(TEXT("Go"));
+	PressEnter();
+	EXPECT_EQ(ScrollBox->GetScrollOffset(), 400.0f);
+
+	ScrollBox->StandInUserScrolled(40.0f, 400.0f);
+	TickAfter(10.5);
 	EXPECT_FALSE(STavrineWidget::bUserScrolled);
+	Say(TEXT("Later"));
+	EXPECT_EQ(ScrollBox->GetScrollOffset(), 400.0f);
 }
 
 TEST_F(FChatWindowTest, TheModeSelectorSwitchesAndKeepsTheMode)

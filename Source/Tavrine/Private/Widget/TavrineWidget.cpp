@@ -193,6 +193,7 @@ TSharedRef<SWidget> STavrineWidget::MakeButton(const FString& Label, const FButt
 {
 	const TSharedRef<SButton> Button = SNew(SButton)
 		.ButtonStyle(Style)
+		.ContentPadding(FMargin(8.0f, 3.0f))
 		.OnClicked(FOnClicked::CreateSP(this, OnClicked))
 		.IsEnabled(Enabled)
 		.Visibility(Visibility)
