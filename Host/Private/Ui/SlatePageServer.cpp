@@ -21,6 +21,9 @@ namespace
 {
 	// The tree is read at most this often; attributes are polled, so a frame is the only way to see a change.
 	constexpr double FrameIntervalSeconds = 1.0 / 30.0;
+	// A large tree (a long chat full of diffs) takes long to read: its frames are spaced so that reading
+	// never takes more than a fifth of the game thread.
+	constexpr double MaxFrameShare = 0.2;
 	constexpr auto LongPollWait = std::chrono::seconds(15);
 
 	std::string ContentTypeOf(const std::string& Path)
@@ -171,13 +174,15 @@ void FSlatePageServer::Tick()
 	}
 
 	const double Now = FStandInClock::GetRealSeconds();
-	if (!bEventsSinceBuild && LastBuildSeconds >= 0.0 && Now - LastBuildSeconds < FrameIntervalSeconds)
+	const double Interval = std::max(FrameIntervalSeconds, LastBuildDuration / MaxFrameShare);
+	if (!bEventsSinceBuild && LastBuildSeconds >= 0.0 && Now - LastBuildSeconds < Interval)
 	{
 		return;
 	}
 	LastBuildSeconds = Now;
 	bEventsSinceBuild = false;
 	PublishFrame(TCHAR_TO_UTF8(*Snapshot.Build(LastEventSeq)));
+	LastBuildDuration = FStandInClock::GetRealSeconds() - Now;
 }
 
 void FSlatePageServer::PublishFrame(const std::string& Frame)

@@ -59,5 +59,6 @@ private:
 	FSlatePageSnapshot Snapshot;
 	int64_t LastEventSeq = 0;
 	double LastBuildSeconds = -1.0;
+	double LastBuildDuration = 0.0;
 	bool bEventsSinceBuild = true;
 };

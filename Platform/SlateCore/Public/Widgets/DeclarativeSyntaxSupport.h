@@ -117,8 +117,9 @@ public: \
 	TAttribute<AttrType> _##AttrName; \
 	SLATE_PRIVATE_ATTRIBUTE_FUNCTION(AttrType, AttrName)
 
+// Value-initialised, so that an argument the widget's defaults forget never holds garbage.
 #define SLATE_ARGUMENT(ArgType, ArgName) \
-	ArgType _##ArgName; \
+	ArgType _##ArgName{}; \
 	WidgetArgsType& ArgName(ArgType InArg) \
 	{ \
 		_##ArgName = InArg; \
@@ -126,7 +127,7 @@ public: \
 	}
 
 #define SLATE_STYLE_ARGUMENT(ArgType, ArgName) \
-	const ArgType* _##ArgName; \
+	const ArgType* _##ArgName = nullptr; \
 	WidgetArgsType& ArgName(const ArgType* InArg) \
 	{ \
 		_##ArgName = InArg; \

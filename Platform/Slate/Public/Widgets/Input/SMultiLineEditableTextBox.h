@@ -16,6 +16,7 @@ public:
 		, _AutoWrapText(false)
 		, _AllowMultiLine(true)
 		, _AlwaysShowScrollbars(false)
+		, _ModiferKeyForNewLine(EModifierKey::None)
 		{}
 		SLATE_STYLE_ARGUMENT(FEditableTextBoxStyle, Style)
 		SLATE_STYLE_ARGUMENT(FTextBlockStyle, TextStyle)

@@ -30,6 +30,7 @@ public:
 		, _AutoWrapText(false)
 		, _AllowMultiLine(true)
 		, _Justification(ETextJustify::Left)
+		, _ModiferKeyForNewLine(EModifierKey::None)
 		{}
 		SLATE_ATTRIBUTE(FText, Text)
 		SLATE_ATTRIBUTE(FText, HintText)
