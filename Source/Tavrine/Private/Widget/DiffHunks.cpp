@@ -5,6 +5,12 @@ namespace
 	constexpr int32 BitsPerWord = 64;
 	constexpr uint64 AllBits = ~0ull;
 
+	/**
+	 * Beyond this the table isn't built (two files of some 90,000 lines each): the chat then shows the
+	 * change as the old lines removed and the new ones added, rather than risk the editor's memory.
+	 */
+	constexpr int64 MaxTableBytes = 1024ll * 1024 * 1024;
+
 	/** A run longer than this many unchanged lines is split off into the next hunk. */
 	constexpr int32 MaxUnchangedRun = 6;
 
@@ -167,6 +173,22 @@ namespace
 
 TArray<FDiffLine> BuildDiffLines(const TArray<FString>& OldLines, const TArray<FString>& NewLines)
 {
+	const int64 TableBytes = (static_cast<int64>(OldLines.Num()) + 1) * FMath::DivideAndRoundUp(NewLines.Num(), BitsPerWord) * static_cast<int64>(sizeof(uint64));
+	if (TableBytes > MaxTableBytes)
+	{
+		TArray<FDiffLine> Lines;
+		Lines.Reserve(OldLines.Num() + NewLines.Num());
+		for (int32 Index = 0; Index < OldLines.Num(); ++Index)
+		{
+			Lines.Add({ OldLines[Index], FDiffLine::Removed, Index + 1, 0 });
+		}
+		for (int32 Index = 0; Index < NewLines.Num(); ++Index)
+		{
+			Lines.Add({ NewLines[Index], FDiffLine::Added, 0, Index + 1 });
+		}
+		return Lines;
+	}
+
 	TArray<int32> OldIds;
 	TArray<int32> NewIds;
 	int32 DistinctCount = 0;
