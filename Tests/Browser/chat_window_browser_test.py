@@ -109,6 +109,12 @@ class ChatPage:
 		return self.driver.execute_script(
 			"const e = arguments[0]; return [e.scrollTop, e.scrollHeight - e.clientHeight - e.scrollTop];", element)
 
+	def user_scrolls(self):
+		return int(self.driver.execute_script("return document.body.dataset.userScrolls || 0"))
+
+	def all_events_handled(self):
+		return self.driver.execute_script("return Number(document.body.dataset.ack || 0) >= Number(document.body.dataset.sent || 0)")
+
 	def texts(self):
 		return [e.text for e in self.driver.find_elements(By.CSS_SELECTOR, ".ro, .text")]
 
@@ -188,7 +194,9 @@ def play(page, project_dir):
 	# The user scrolls up: the next message must not pull the view back to the end.
 	chat = driver.find_element(By.CSS_SELECTOR, "[data-type='SScrollBox']")
 	ActionChains(driver).scroll_from_origin(ScrollOrigin.from_element(chat), 0, -300).perform()
-	scrolled_to = wait_until(lambda: page.scroll_state(chat) if page.scroll_state(chat)[1] > 50 else None, 5, "the chat to scroll up")
+	wait_until(lambda: page.scroll_state(chat)[1] > 50, 5, "the chat to scroll up")
+	wait_until(lambda: page.user_scrolls() > 0 and page.all_events_handled(), 5, "the editor to hear of the user's scroll")
+	scrolled_to = page.scroll_state(chat)
 	wait_until(lambda: page.has_text("Both headers are in place."), 30, "the end of the turn")
 	time.sleep(0.5)
 	if page.scroll_state(chat)[0] > scrolled_to[0] + 5:
@@ -207,6 +215,16 @@ def play(page, project_dir):
 	wait_until(lambda: page.scroll_state(chat)[1] < 5, 5, "[ End ] to scroll the chat to its end")
 	wait_until(lambda: not page.is_enabled("[ End ]"), 5, "[ End ] to turn disabled in Idle")
 	page.shot("06-ended")
+
+	# Closing the tab leaves the conversation; the tool bar's Tavrine button opens a new window.
+	driver.find_element(By.CSS_SELECTOR, ".tabhead .close").click()
+	wait_until(lambda: not driver.find_elements(By.CSS_SELECTOR, ".tabhead"), 5, "the tab to close")
+	buttons = [b for b in driver.find_elements(By.CSS_SELECTOR, ".toolbutton") if b.text.strip() == "Tavrine"]
+	if not buttons:
+		raise Failure("the tool bar has no Tavrine button")
+	buttons[0].click()
+	wait_until(lambda: page.has_text("I'm Tavrine") and not page.has_text("[ User End ]"), 10, "a new window from the tool bar")
+	page.shot("07-reopened")
 
 
 def main():
