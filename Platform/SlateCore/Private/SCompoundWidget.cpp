@@ -42,38 +42,3 @@ void SBoxPanel::DescribeForStandIn(FJsonObject& Out) const
 {
 	Out.SetStringField(TEXT("kind"), Orientation == Orient_Vertical ? TEXT("vbox") : TEXT("hbox"));
 }
-
-namespace
-{
-	template<typename SlotType, typename ChildrenType>
-	TScopedWidgetSlotArguments<SlotType> MakeScopedSlot(SWidget* Panel, ChildrenType& Children, int32 Index)
-	{
-		return TScopedWidgetSlotArguments<SlotType>(
-			[Panel, &Children](TUniquePtr<SlotType> NewSlot, int32 AtIndex)
-			{
-				Children.InsertSlot(MoveTemp(NewSlot), AtIndex);
-				Panel->Invalidate(EInvalidateWidgetReason::ChildOrder);
-			},
-			Index);
-	}
-}
-
-SVerticalBox::FScopedWidgetSlotArguments SVerticalBox::AddSlot()
-{
-	return MakeScopedSlot<FSlot>(this, Children, INDEX_NONE);
-}
-
-SVerticalBox::FScopedWidgetSlotArguments SVerticalBox::InsertSlot(int32 Index)
-{
-	return MakeScopedSlot<FSlot>(this, Children, Index);
-}
-
-SHorizontalBox::FScopedWidgetSlotArguments SHorizontalBox::AddSlot()
-{
-	return MakeScopedSlot<FSlot>(this, Children, INDEX_NONE);
-}
-
-SHorizontalBox::FScopedWidgetSlotArguments SHorizontalBox::InsertSlot(int32 Index)
-{
-	return MakeScopedSlot<FSlot>(this, Children, Index);
-}

@@ -49,130 +49,145 @@ protected:
 	EOrientation Orientation;
 };
 
-class SVerticalBox : public SBoxPanel
+
+/** What the vertical and the horizontal box share: their slot arguments, and adding slots at run time. */
+template<typename SlotType>
+class TBoxPanel : public SBoxPanel
 {
 public:
-	class FSlot : public SBoxPanel::FSlot
-	{
-	public:
-		struct FSlotArguments : public TSlotArgumentsBase<FSlot, FSlotArguments>
-		{
-			FSlotArguments& AutoHeight()
-			{
-				Slot->SetSizeToAuto();
-				return *this;
-			}
-			FSlotArguments& FillHeight(TAttribute<float> InStretchCoefficient)
-			{
-				Slot->SetSizeToFill(MoveTemp(InStretchCoefficient));
-				return *this;
-			}
-			FSlotArguments& MaxHeight(TAttribute<float> InMaxHeight)
-			{
-				Slot->SetMaxSize(MoveTemp(InMaxHeight));
-				return *this;
-			}
-		};
-		void SetAutoHeight()
-		{
-			SetSizeToAuto();
-		}
-		void SetFillHeight(TAttribute<float> InStretchCoefficient)
-		{
-			SetSizeToFill(MoveTemp(InStretchCoefficient));
-		}
-		void SetMaxHeight(TAttribute<float> InMaxHeight)
-		{
-			SetMaxSize(MoveTemp(InMaxHeight));
-		}
-	};
-	using FScopedWidgetSlotArguments = TScopedWidgetSlotArguments<FSlot>;
+	using FSlot = SlotType;
+	using FScopedWidgetSlotArguments = TScopedWidgetSlotArguments<SlotType>;
 
-	SLATE_BEGIN_ARGS(SVerticalBox) {}
-		SLATE_SLOT_ARGUMENT(SVerticalBox::FSlot, Slots)
-	SLATE_END_ARGS()
-
-	SVerticalBox()
-		: SBoxPanel(Orient_Vertical)
+	static typename SlotType::FSlotArguments Slot()
 	{
+		return typename SlotType::FSlotArguments();
+	}
+	FScopedWidgetSlotArguments AddSlot()
+	{
+		return InsertSlot(INDEX_NONE);
+	}
+	FScopedWidgetSlotArguments InsertSlot(int32 Index = -1)
+	{
+		return FScopedWidgetSlotArguments(
+			[this](TUniquePtr<SlotType> NewSlot, int32 AtIndex)
+			{
+				Children.InsertSlot(MoveTemp(NewSlot), AtIndex);
+				Invalidate(EInvalidateWidgetReason::ChildOrder);
+			},
+			Index);
+	}
+	SlotType& GetSlot(int32 SlotIndex)
+	{
+		return static_cast<SlotType&>(Children[SlotIndex]);
 	}
 
-	static FSlot::FSlotArguments Slot()
+protected:
+	explicit TBoxPanel(EOrientation InOrientation)
+		: SBoxPanel(InOrientation)
 	{
-		return FSlot::FSlotArguments();
-	}
-	void Construct(const FArguments& InArgs)
-	{
-		AddSlotsFromArguments(InArgs._Slots);
-	}
-	SLATECORE_API FScopedWidgetSlotArguments AddSlot();
-	SLATECORE_API FScopedWidgetSlotArguments InsertSlot(int32 Index = -1);
-	FSlot& GetSlot(int32 SlotIndex)
-	{
-		return static_cast<FSlot&>(Children[SlotIndex]);
 	}
 };
 
-class SHorizontalBox : public SBoxPanel
+class FVerticalBoxSlot : public SBoxPanel::FSlot
 {
 public:
-	class FSlot : public SBoxPanel::FSlot
+	struct FSlotArguments : public TSlotArgumentsBase<FVerticalBoxSlot, FSlotArguments>
 	{
-	public:
-		struct FSlotArguments : public TSlotArgumentsBase<FSlot, FSlotArguments>
+		FSlotArguments& AutoHeight()
 		{
-			FSlotArguments& AutoWidth()
-			{
-				Slot->SetSizeToAuto();
-				return *this;
-			}
-			FSlotArguments& FillWidth(TAttribute<float> InStretchCoefficient)
-			{
-				Slot->SetSizeToFill(MoveTemp(InStretchCoefficient));
-				return *this;
-			}
-			FSlotArguments& MaxWidth(TAttribute<float> InMaxWidth)
-			{
-				Slot->SetMaxSize(MoveTemp(InMaxWidth));
-				return *this;
-			}
-		};
-		void SetAutoWidth()
-		{
-			SetSizeToAuto();
+			Slot->SetSizeToAuto();
+			return *this;
 		}
-		void SetFillWidth(TAttribute<float> InStretchCoefficient)
+		FSlotArguments& FillHeight(TAttribute<float> InStretchCoefficient)
 		{
-			SetSizeToFill(MoveTemp(InStretchCoefficient));
+			Slot->SetSizeToFill(MoveTemp(InStretchCoefficient));
+			return *this;
 		}
-		void SetMaxWidth(TAttribute<float> InMaxWidth)
+		FSlotArguments& MaxHeight(TAttribute<float> InMaxHeight)
 		{
-			SetMaxSize(MoveTemp(InMaxWidth));
+			Slot->SetMaxSize(MoveTemp(InMaxHeight));
+			return *this;
 		}
 	};
-	using FScopedWidgetSlotArguments = TScopedWidgetSlotArguments<FSlot>;
+	void SetAutoHeight()
+	{
+		SetSizeToAuto();
+	}
+	void SetFillHeight(TAttribute<float> InStretchCoefficient)
+	{
+		SetSizeToFill(MoveTemp(InStretchCoefficient));
+	}
+	void SetMaxHeight(TAttribute<float> InMaxHeight)
+	{
+		SetMaxSize(MoveTemp(InMaxHeight));
+	}
+};
 
-	SLATE_BEGIN_ARGS(SHorizontalBox) {}
-		SLATE_SLOT_ARGUMENT(SHorizontalBox::FSlot, Slots)
+class FHorizontalBoxSlot : public SBoxPanel::FSlot
+{
+public:
+	struct FSlotArguments : public TSlotArgumentsBase<FHorizontalBoxSlot, FSlotArguments>
+	{
+		FSlotArguments& AutoWidth()
+		{
+			Slot->SetSizeToAuto();
+			return *this;
+		}
+		FSlotArguments& FillWidth(TAttribute<float> InStretchCoefficient)
+		{
+			Slot->SetSizeToFill(MoveTemp(InStretchCoefficient));
+			return *this;
+		}
+		FSlotArguments& MaxWidth(TAttribute<float> InMaxWidth)
+		{
+			Slot->SetMaxSize(MoveTemp(InMaxWidth));
+			return *this;
+		}
+	};
+	void SetAutoWidth()
+	{
+		SetSizeToAuto();
+	}
+	void SetFillWidth(TAttribute<float> InStretchCoefficient)
+	{
+		SetSizeToFill(MoveTemp(InStretchCoefficient));
+	}
+	void SetMaxWidth(TAttribute<float> InMaxWidth)
+	{
+		SetMaxSize(MoveTemp(InMaxWidth));
+	}
+};
+
+class SVerticalBox : public TBoxPanel<FVerticalBoxSlot>
+{
+public:
+	SLATE_BEGIN_ARGS(SVerticalBox) {}
+		SLATE_SLOT_ARGUMENT(FVerticalBoxSlot, Slots)
 	SLATE_END_ARGS()
 
-	SHorizontalBox()
-		: SBoxPanel(Orient_Horizontal)
+	SVerticalBox()
+		: TBoxPanel(Orient_Vertical)
 	{
-	}
-
-	static FSlot::FSlotArguments Slot()
-	{
-		return FSlot::FSlotArguments();
 	}
 	void Construct(const FArguments& InArgs)
 	{
 		AddSlotsFromArguments(InArgs._Slots);
 	}
-	SLATECORE_API FScopedWidgetSlotArguments AddSlot();
-	SLATECORE_API FScopedWidgetSlotArguments InsertSlot(int32 Index = -1);
-	FSlot& GetSlot(int32 SlotIndex)
+};
+
+class SHorizontalBox : public TBoxPanel<FHorizontalBoxSlot>
+{
+public:
+	SLATE_BEGIN_ARGS(SHorizontalBox) {}
+		SLATE_SLOT_ARGUMENT(FHorizontalBoxSlot, Slots)
+	SLATE_END_ARGS()
+
+	SHorizontalBox()
+		: TBoxPanel(Orient_Horizontal)
 	{
-		return static_cast<FSlot&>(Children[SlotIndex]);
+	}
+	void Construct(const FArguments& InArgs)
+	{
+		AddSlotsFromArguments(InArgs._Slots);
 	}
 };
