@@ -112,30 +112,3 @@ void FTavrineInterface::OnAddDiffMessage(const FString& FilePath, const FString&
 		OnAddDiffMessageDelegate.Broadcast(FilePath, OldText, NewText);
 	}
 }
-
-bool FTavrineInterface::CanUndo() const
-{
-	return false;
-}
-
-bool FTavrineInterface::CanRedo() const
-{
-	return false;
-}
-
-void FTavrineInterface::UndoLastOperation()
-{
-}
-
-void FTavrineInterface::RedoLastOperation()
-{
-}
-
-FString FTavrineInterface::GetPromptLogFilePath() const
-{
-	return FString();
-}
-
-void FTavrineInterface::TavrineInterfaceLogString(const FString& Text, const FString& FilePath, bool bWithTimestamp)
-{
-}

@@ -60,17 +60,38 @@ public:
 	void OnAddStatusMessage(const FString& Text, const FLinearColor& Color, const FName& FontName, float FontSize);
 	void OnAddDiffMessage(const FString& FilePath, const FString& OldText, const FString& NewText);
 
-	// Undo and redo of a whole conversation, and the daily prompt log: placeholders until they land.
+	/** Today's prompt log: one file a local calendar day. */
+	FString GetPromptLogFilePath() const;
+	/** Appends one entry as UTF-8; with the time stamp it stands apart as a block of its own. */
+	void TavrineInterfaceLogString(const FString& Text, const FString& FilePath, bool bWithTimestamp);
+
+	/** The last conversation's changes can be taken back: its files, or its editor transactions. */
 	bool CanUndo() const;
 	bool CanRedo() const;
+	/** Takes back every file and editor change of the last conversation, then compiles. */
 	void UndoLastOperation();
+	/** Puts the undone files of the last conversation back, then compiles. */
 	void RedoLastOperation();
-	FString GetPromptLogFilePath() const;
-	void TavrineInterfaceLogString(const FString& Text, const FString& FilePath, bool bWithTimestamp);
+	/** Undoes the editor's queue back to and including the first open transaction of that title; false when none is open. */
+	bool UndoUntilLastTransactionByName(const FString& Name);
 
 private:
 	FTavrineInterface() = default;
 
+	void EnsureLogDirectoryExists();
+	TArray<FString> GetAllLogFiles() const;
+	bool IsLogFileOlderThanDays(const FString& FilePath, int32 Days) const;
+	void DeleteOldLogs(int32 Days);
+	void DeleteAllLogs();
+	/** Sets up the log folder and applies the retention policy of the settings. */
+	void StartPromptLog();
+
+	/** Queue index of the first transaction with that title, in any case; -1 without one or without an editor. */
+	static int32 FindTransactionIndexByName(const FString& Name);
+	/** Saves and compiles the Blueprints that the undone transactions left dirty. */
+	static void SaveAndCompileDirtyBlueprints();
+
 	bool bInitialized = false;
 	bool bPluginEnabled = false;
+	FString LogDirectory;
 };
