@@ -248,6 +248,8 @@ namespace
 			FTSTicker::RemoveTicker(PageTicker);
 			Page.Stop();
 		}
+		// The editor's windows close before its modules shut down: no widget outlives the code that made it.
+		FSlateApplication::Get().StandInCloseAllWindows();
 		FModuleManager::Get().UnloadModule(TEXT("Tavrine"));
 		FSlateApplication::Shutdown();
 		GLog->RemoveOutputDevice(&LogDevice);

@@ -277,6 +277,14 @@ def main():
 		for entry in driver.execute_script("return performance.getEntriesByType('resource').map(e => e.name)"):
 			if not entry.startswith(address.rstrip("/")):
 				raise Failure(f"the page loaded {entry} from outside the host")
+		# The host shuts down cleanly when asked to stop.
+		driver.quit()
+		driver = None
+		host.send_signal(signal.SIGTERM)
+		code = host.wait(timeout=30)
+		host = None
+		if code != 0:
+			raise Failure(f"the host ended with code {code} when asked to stop")
 		print("The conversation played in the browser.")
 		return 0
 	except (Failure, WebDriverException) as error:

@@ -149,6 +149,16 @@ bool FSlateApplication::ProcessKeyCharEvent(const FCharacterEvent& InCharacterEv
 		[](SWidget& Widget, const FCharacterEvent& Event) { return Widget.OnKeyChar(Widget.GetCachedGeometry(), Event); });
 }
 
+void FSlateApplication::StandInCloseAllWindows()
+{
+	for (const TSharedRef<SDockTab>& Tab : FGlobalTabmanager::Get()->GetStandInLiveTabs())
+	{
+		Tab->StandInForceCloseTab();
+	}
+	ExtraRoots.Empty();
+	FocusedWidget.Reset();
+}
+
 void FSlateApplication::StandInAddRoot(const TSharedRef<SWidget>& Root)
 {
 	StandInRemoveRoot(Root);

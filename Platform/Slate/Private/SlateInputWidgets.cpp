@@ -130,11 +130,16 @@ bool SDockTab::RequestCloseTab()
 	{
 		return false;
 	}
+	StandInForceCloseTab();
+	return true;
+}
+
+void SDockTab::StandInForceCloseTab()
+{
 	TSharedRef<SDockTab> Self = StaticCastSharedRef<SDockTab>(AsShared());
 	bIsOpen = false;
 	FGlobalTabmanager::Get()->StandInOnTabClosed(Self);
 	OnTabClosed.ExecuteIfBound(Self);
-	return true;
 }
 
 void SDockTab::DescribeForStandIn(FJsonObject& Out) const

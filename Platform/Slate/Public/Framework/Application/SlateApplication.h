@@ -49,6 +49,11 @@ public:
 	/** Shows a widget as a window of its own, so that it is ticked (tests use it without a tab). */
 	SLATE_API void StandInAddRoot(const TSharedRef<SWidget>& Root);
 	SLATE_API void StandInRemoveRoot(const TSharedRef<SWidget>& Root);
+	/**
+	 * Closes every tab and window, as the editor does before its modules shut down, so that no widget of a
+	 * module outlives it.
+	 */
+	SLATE_API void StandInCloseAllWindows();
 	/** The roots shown: the open tabs of the global tab manager, then the roots added by hand. */
 	SLATE_API TArray<TSharedRef<SWidget>> GetStandInRoots() const;
 	/** Shown: visible itself and all of its parents. */

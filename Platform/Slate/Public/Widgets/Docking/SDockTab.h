@@ -90,6 +90,8 @@ public:
 	}
 	/** Closes the tab unless its can-close handler refuses; gives whether it closed. */
 	SLATE_API bool RequestCloseTab();
+	/** Closes the tab whatever its handler says, as the editor does when it shuts down. */
+	SLATE_API void StandInForceCloseTab();
 	SLATE_API bool CanCloseTab() const;
 	bool IsForeground() const
 	{
