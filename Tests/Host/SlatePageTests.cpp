@@ -3,12 +3,19 @@
 #include "Brushes/SlateImageBrush.h"
 #include "Dom/JsonObject.h"
 #include "Framework/Application/SlateApplication.h"
+#include "Framework/Docking/TabManager.h"
+#include "HAL/PlatformProcess.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
 #include "Ui/SlatePageEvents.h"
 #include "Ui/SlatePageServer.h"
 #include "Ui/SlatePageSnapshot.h"
+#include "ToolMenus.h"
+#include "Widgets/Docking/SDockTab.h"
 #include "Widgets/Images/SImage.h"
+#include "Widgets/Input/SComboBox.h"
+#include "Widgets/Layout/SScrollBox.h"
+#include "Widgets/Text/STextBlock.h"
 #include "Widgets/Input/SButton.h"
 #include "Widgets/SBoxPanel.h"
 #include "Widgets/Text/SMultiLineEditableText.h"
@@ -154,5 +161,73 @@ TEST_F(SlatePageTest, ServerHandsOutThePageFramesAndOnlyTheImagesOfTheTree)
 
 	EXPECT_EQ(Client.Get(("/image?path=" + IconFile).c_str())->status, 200);
 	EXPECT_EQ(Client.Get(("/image?path=" + SecretFile).c_str())->status, 404);
+	Server.Stop();
+}
+
+TEST_F(SlatePageTest, EventsDriveScrollBoxesCombosMenusAndTabsAndAStillTreeKeepsItsFrame)
+{
+	float UserOffset = -1.0f;
+	TSharedPtr<SScrollBox> Scroll;
+	TArray<TSharedPtr<FString>> Options = {MakeShared<FString>(TEXT("A")), MakeShared<FString>(TEXT("B"))};
+	TSharedPtr<FString> Picked;
+	TSharedPtr<SComboBox<TSharedPtr<FString>>> Combo;
+	Root->AddSlot()[SAssignNew(Scroll, SScrollBox).OnUserScrolled_Lambda([&UserOffset](float Offset) { UserOffset = Offset; })];
+	Root->AddSlot()[SAssignNew(Combo, SComboBox<TSharedPtr<FString>>)
+		.OptionsSource(&Options)
+		.OnGenerateWidget_Lambda([](TSharedPtr<FString> Option) -> TSharedRef<SWidget> { return SNew(STextBlock).Text(FText::FromString(*Option)); })
+		.OnSelectionChanged_Lambda([&Picked](TSharedPtr<FString> Option, ESelectInfo::Type) { Picked = Option; })];
+
+	int32 MenuRuns = 0;
+	static int32 Owner = 0;
+	{
+		FToolMenuOwnerScoped Scope(&Owner);
+		UToolMenus::Get()->ExtendMenu(TEXT("Page.ToolBar"))->FindOrAddSection(TEXT("S")).AddEntry(FToolMenuEntry::InitToolBarButton(TEXT("Run"),
+			FUIAction(FExecuteAction::CreateLambda([&MenuRuns]() { ++MenuRuns; })), FText::FromString(TEXT("Run"))));
+	}
+	bool bTabClosed = false;
+	FGlobalTabmanager::Get()->RegisterNomadTabSpawner(TEXT("PageTab"), FOnSpawnTab::CreateLambda([&bTabClosed](const FSpawnTabArgs&)
+	{
+		return SNew(SDockTab).OnTabClosed_Lambda([&bTabClosed](TSharedRef<SDockTab>) { bTabClosed = true; });
+	}));
+	TSharedPtr<SDockTab> Tab = FGlobalTabmanager::Get()->TryInvokeTab(FTabId(TEXT("PageTab")));
+
+	FSlatePageSnapshot Snapshot;
+	TSharedPtr<FJsonObject> Frame = ParseObject(Snapshot.Build(0));
+	const TArray<TSharedPtr<FJsonValue>>* Entries = nullptr;
+	ASSERT_TRUE(Frame->GetObjectField(TEXT("menus"))->TryGetArrayField(TEXT("Page.ToolBar"), Entries));
+	const FString EntryId = (*Entries)[0]->AsObject()->GetStringField(TEXT("id"));
+
+	ApplySlatePageEvent(*Event(FString::Printf(TEXT("{\"type\":\"layout\",\"id\":%s,\"offset\":0,\"end\":500}"), *Id(Scroll))), Snapshot);
+	EXPECT_EQ(UserOffset, -1.0f);
+	EXPECT_EQ(Scroll->GetScrollOffsetOfEnd(), 500.0f);
+	ApplySlatePageEvent(*Event(FString::Printf(TEXT("{\"type\":\"scroll\",\"id\":%s,\"offset\":120,\"end\":500}"), *Id(Scroll))), Snapshot);
+	EXPECT_EQ(UserOffset, 120.0f);
+	ApplySlatePageEvent(*Event(FString::Printf(TEXT("{\"type\":\"select\",\"id\":%s,\"index\":1}"), *Id(Combo))), Snapshot);
+	EXPECT_EQ(Picked, Options[1]);
+	ApplySlatePageEvent(*Event(FString::Printf(TEXT("{\"type\":\"menu\",\"entry\":\"%s\"}"), *EntryId)), Snapshot);
+	EXPECT_EQ(MenuRuns, 1);
+	ApplySlatePageEvent(*Event(FString::Printf(TEXT("{\"type\":\"closeTab\",\"id\":%s}"), *Id(Tab))), Snapshot);
+	EXPECT_TRUE(bTabClosed);
+	EXPECT_FALSE(FGlobalTabmanager::Get()->FindExistingLiveTab(FTabId(TEXT("PageTab"))).IsValid());
+	FGlobalTabmanager::Get()->UnregisterNomadTabSpawner(TEXT("PageTab"));
+	UToolMenus::UnregisterOwner(&Owner);
+
+	// Nothing changed, nothing new to send; a change of a polled attribute is a new frame.
+	FSlatePageServer Server;
+	std::string Error;
+	ASSERT_TRUE(Server.Start(0, Error)) << Error;
+	int64_t Version = 0;
+	Server.Tick();
+	const std::string First = Server.GetFrame(Version);
+	FPlatformProcess::Sleep(0.05f);
+	Server.Tick();
+	int64_t Later = 0;
+	EXPECT_EQ(Server.GetFrame(Later), First);
+	EXPECT_EQ(Later, Version);
+	bPanelEnabled = false;
+	FPlatformProcess::Sleep(0.05f);
+	Server.Tick();
+	Server.GetFrame(Later);
+	EXPECT_EQ(Later, Version + 1);
 	Server.Stop();
 }

@@ -7,7 +7,10 @@
 #include "Framework/Docking/TabManager.h"
 #include "ISettingsModule.h"
 #include "Interfaces/IPluginManager.h"
+#include "HAL/FileManager.h"
+#include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
+#include "Misc/StandInProject.h"
 #include "Modules/ModuleManager.h"
 #include "Styling/AppStyle.h"
 #include "Styling/CoreStyle.h"
@@ -185,3 +188,62 @@ TEST(SlateFrameworkTest, PluginsAreFoundByNameAndSettingsPagesAreListed)
 }
 
 #undef LOCTEXT_NAMESPACE
+
+TEST(SlateFrameworkTest, CallbacksOfAnOwnerThatLeftNeverRunAndNamedEntriesReplaceTheirOldSelves)
+{
+	static int32 Owner = 0;
+	UToolMenus::StandInSetMenusReady(false);
+	int32 Runs = 0;
+	struct FOwnerObject
+	{
+		void Register()
+		{
+			++*Runs;
+		}
+		int32* Runs;
+	} Object{&Runs};
+	UToolMenus::RegisterStartupCallback(FSimpleMulticastDelegate::FDelegate::CreateRaw(&Object, &FOwnerObject::Register));
+	const int32 Registered = UToolMenus::GetStandInStartupCallbackCount();
+	UToolMenus::UnRegisterStartupCallback(&Object);
+	EXPECT_EQ(UToolMenus::GetStandInStartupCallbackCount(), Registered - 1);
+	UToolMenus::StandInSetMenusReady();
+	EXPECT_EQ(Runs, 0);
+
+	FToolMenuSection& Section = UToolMenus::Get()->ExtendMenu(TEXT("Test.Menu"))->FindOrAddSection(TEXT("Section"));
+	{
+		FToolMenuOwnerScoped Scope(&Owner);
+		Section.AddMenuEntry(TEXT("Entry"), FText::FromString(TEXT("Old")), FText(), FSlateIcon(), FUIAction());
+		Section.AddMenuEntry(TEXT("Entry"), FText::FromString(TEXT("New")), FText(), FSlateIcon(), FUIAction());
+	}
+	ASSERT_EQ(Section.NumEntries(), 1);
+	EXPECT_EQ(Section.GetEntry(0).GetDisplayLabel().ToString(), TEXT("New"));
+	// Outside the scope, entries belong to nobody and stay when the owner leaves.
+	Section.AddMenuEntry(TEXT("Other"), FText::FromString(TEXT("Other")), FText(), FSlateIcon(), FUIAction());
+	UToolMenus::UnregisterOwner(&Owner);
+	ASSERT_EQ(Section.NumEntries(), 1);
+	EXPECT_EQ(Section.GetEntry(0).Name, FName(TEXT("Other")));
+	UToolMenus::UnregisterOwner(FToolMenuOwner());
+	EXPECT_EQ(Section.NumEntries(), 1);
+	UToolMenus::Get()->FindMenu(TEXT("Test.Menu"))->RemoveSection(TEXT("Section"));
+}
+
+TEST(SlateFrameworkTest, AProjectsPluginWinsOverTheEnginesOfTheSameName)
+{
+	const FString Project = FPaths::ConvertRelativePathToFull(FString(UTF8_TO_TCHAR(testing::TempDir().c_str())) / TEXT("PluginProject"));
+	const FString PluginDir = Project / TEXT("Plugins") / TEXT("Group") / TEXT("Tavrine");
+	ASSERT_TRUE(IFileManager::Get().MakeDirectory(*PluginDir, true));
+	ASSERT_TRUE(FFileHelper::SaveStringToFile(TEXT("{ \"FriendlyName\": \"Project copy\" }"), *(PluginDir / TEXT("Tavrine.uplugin"))));
+	ASSERT_TRUE(FFileHelper::SaveStringToFile(TEXT("{}"), *(Project / TEXT("PluginProject.uproject"))));
+	FStandInProject::SetProjectFile(Project / TEXT("PluginProject.uproject"));
+
+	TSharedPtr<IPlugin> Plugin = IPluginManager::Get().FindPlugin(TEXT("Tavrine"));
+	ASSERT_TRUE(Plugin.IsValid());
+	EXPECT_EQ(Plugin->GetLoadedFrom(), EPluginLoadedFrom::Project);
+	EXPECT_EQ(Plugin->GetFriendlyName(), TEXT("Project copy"));
+	EXPECT_TRUE(FPaths::IsSamePath(Plugin->GetBaseDir(), PluginDir));
+	EXPECT_EQ(IPluginManager::Get().FindPluginFromPath(PluginDir), Plugin);
+
+	IFileManager::Get().DeleteDirectory(*Project, false, true);
+	FStandInProject::SetProjectFile(FString());
+	EXPECT_EQ(IPluginManager::Get().FindPlugin(TEXT("Tavrine"))->GetLoadedFrom(), EPluginLoadedFrom::Engine);
+}

@@ -2,6 +2,8 @@
 #include "Framework/Application/SlateApplication.h"
 #include "HAL/StandInClock.h"
 #include "Widgets/Input/SButton.h"
+#include "Widgets/Input/SComboBox.h"
+#include "Widgets/Input/SMultiLineEditableTextBox.h"
 #include "Widgets/Layout/SBorder.h"
 #include "Widgets/Layout/SBox.h"
 #include "Widgets/Layout/SScrollBox.h"
@@ -287,4 +289,44 @@ TEST_F(SlateWidgetTest, KeysGoToTheHandlerFirstThenUpThroughEnabledParentsThenBe
 	Text->StandInUserEdited(TEXT("xy"), -1);
 	EXPECT_EQ(Changes, 1);
 	EXPECT_EQ(Text->GetText().ToString(), TEXT("xy"));
+}
+
+TEST_F(SlateWidgetTest, ComboBoxesShowTheirGeneratedLabelsAndTellOnlyRealSelectionChanges)
+{
+	TArray<TSharedPtr<FString>> Options = {MakeShared<FString>(TEXT("First")), MakeShared<FString>(TEXT("Second"))};
+	TArray<FString> Changes;
+	TSharedRef<SComboBox<TSharedPtr<FString>>> Combo = SNew(SComboBox<TSharedPtr<FString>>)
+		.OptionsSource(&Options)
+		.InitiallySelectedItem(Options[1])
+		.OnGenerateWidget_Lambda([](TSharedPtr<FString> Option) -> TSharedRef<SWidget>
+		{
+			return SNew(SBorder)[SNew(STextBlock).Text(FText::FromString(*Option + TEXT(" mode")))];
+		})
+		.OnSelectionChanged_Lambda([&Changes](TSharedPtr<FString> Option, ESelectInfo::Type) { Changes.Add(Option.IsValid() ? *Option : FString()); })
+		[
+			SNew(STextBlock).Text(FText::FromString(TEXT("label")))
+		];
+	EXPECT_EQ(Combo->GetStandInOptionLabels(), (TArray<FString>{TEXT("First mode"), TEXT("Second mode")}));
+	EXPECT_EQ(Combo->GetStandInSelectedIndex(), 1);
+	Combo->SetSelectedItem(Options[1]);
+	EXPECT_EQ(Changes.Num(), 0);
+	Combo->StandInUserSelected(0);
+	Combo->StandInUserSelected(7);
+	EXPECT_EQ(Changes, TArray<FString>{TEXT("First")});
+	EXPECT_EQ(Combo->GetSelectedItem(), Options[0]);
+
+	// The framed text box passes its text, hint and key handler to the text inside.
+	bool bHandled = false;
+	TSharedRef<SMultiLineEditableTextBox> Box = SNew(SMultiLineEditableTextBox)
+		.Text(FText::FromString(TEXT("draft")))
+		.HintText(FText::FromString(TEXT("hint")))
+		.OnKeyDownHandler_Lambda([&bHandled](const FGeometry&, const FKeyEvent&) { bHandled = true; return FReply::Handled(); });
+	TSharedPtr<SMultiLineEditableText> Inner = Box->GetStandInEditableText();
+	EXPECT_EQ(Inner->GetParentWidget().Get(), &Box.Get());
+	EXPECT_EQ(Box->GetHintText().ToString(), TEXT("hint"));
+	Inner->StandInUserEdited(TEXT("draft 2"), -1);
+	EXPECT_EQ(Box->GetText().ToString(), TEXT("draft 2"));
+	FSlateApplication::Get().SetKeyboardFocus(Inner);
+	EXPECT_TRUE(FSlateApplication::Get().ProcessKeyDownEvent(MakeKey(EKeys::Enter)));
+	EXPECT_TRUE(bHandled);
 }

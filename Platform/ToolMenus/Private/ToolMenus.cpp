@@ -289,6 +289,11 @@ void UToolMenus::UnRegisterStartupCallback(const void* UserPointer)
 
 void UToolMenus::UnregisterOwner(FToolMenuOwner Owner)
 {
+	// Entries added outside an owner's scope belong to nobody; nobody can take them away.
+	if (!Owner.IsSet())
+	{
+		return;
+	}
 	for (const TSharedRef<UToolMenu>& Menu : Get()->Menus)
 	{
 		for (int32 Index = 0; Index < Menu->NumSections(); ++Index)
