@@ -214,6 +214,9 @@ def play(page, project_dir):
 	# The user's own action shows the end again.
 	wait_until(lambda: page.scroll_state(chat)[1] < 5, 5, "[ End ] to scroll the chat to its end")
 	wait_until(lambda: not page.is_enabled("[ End ]"), 5, "[ End ] to turn disabled in Idle")
+	# A passing notice goes when the next message comes: none is left once the conversation ended.
+	if any(re.fullmatch(r"(Processing|Pausing) request\.{0,3}", text.strip()) for text in page.texts()):
+		raise Failure("an animated notice stayed after the conversation ended")
 	page.shot("06-ended")
 
 	# Closing the tab leaves the conversation; the tool bar's Tavrine button opens a new window.
