@@ -27,6 +27,7 @@
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #ifndef TAVRINE_DEFAULT_PROJECT
@@ -205,7 +206,12 @@ namespace
 			std::fflush(stdout);
 		}
 		{
-			FConsoleChat Chat(Options.bColor);
+			// With the browser window open the window is the chat (and keeps its log); the terminal only serves commands.
+			std::optional<FConsoleChat> Chat;
+			if (!Options.bUi)
+			{
+				Chat.emplace(Options.bColor);
+			}
 			bool bQuit = false;
 			if (!Options.Prompt.empty())
 			{
