@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The main job: builds everything, starts the local backend with a scenario, and runs one prompt through
-# the Tavrine plugin on a project in the editor stand-in. Arguments go to the host (e.g. --prompt "...").
+# the Tavrine plugin on a project in the editor stand-in. Arguments go to the host (e.g. --prompt "...",
+# or --ui for the chat window in a browser).
 set -euo pipefail
 ROOT="$(cd "$(dirname "$0")/.." && pwd)"
 BUILD_DIR="${BUILD_DIR:-$ROOT/build}"
@@ -19,6 +20,8 @@ if [ -z "${PROJECT:-}" ]; then
 	PROJECT="$DEMO_DIR/SampleProject"
 	rm -rf "$PROJECT"
 	cp -R "$ROOT/Samples/SampleProject" "$PROJECT"
+	# The copy talks to this run's backend, whatever PORT it listens on.
+	sed -i "s#^DevApiUrl=127.0.0.1:[0-9]*/#DevApiUrl=127.0.0.1:$PORT/#" "$PROJECT/Config/DefaultPlugin.ini"
 	git -C "$PROJECT" init -q
 	git -C "$PROJECT" add -A
 	git -C "$PROJECT" -c user.name="Tavrine demo" -c user.email="demo@localhost" commit -q -m "Sample project"

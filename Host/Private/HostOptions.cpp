@@ -7,6 +7,7 @@ const char* GetHostUsage()
 {
 	return "Usage: tavrine [--project DIR|FILE.uproject] [--prompt TEXT] [--interactive] [--ca-file PEM]\n"
 		   "               [--timeout SECONDS] [--verbose] [--no-color] [--source-control auto|git|none]\n"
+		   "               [--ui] [--ui-port PORT]\n"
 		   "Runs the Tavrine plugin in an editor stand-in on a project folder.\n"
 		   "  --prompt TEXT     send TEXT as the first message and print the conversation's turn\n"
 		   "  --interactive     read messages and commands from the terminal (default without --prompt)\n"
@@ -15,6 +16,8 @@ const char* GetHostUsage()
 		   "  --verbose         print every engine log line, not only warnings and errors\n"
 		   "  --source-control  git: stage new files, unstage or stage deletions through git; none: no\n"
 		   "                    source control; auto (default): git when the project is in a work tree\n"
+		   "  --ui              serve the editor's Tavrine tab as a web page on 127.0.0.1 and print its address\n"
+		   "  --ui-port PORT    the page's port (default: any free port)\n"
 		   "Commands in interactive mode: plain text sends a message; /continue [TEXT], /approve, /pause,\n"
 		   "/cancel [REASON], /end [REASON], /undo, /redo, /state, /help, /quit.\n";
 }
@@ -85,6 +88,26 @@ std::optional<FHostOptions> ParseHostOptions(int ArgC, char** ArgV, const std::s
 				Error = "--source-control takes auto, git or none, not '" + Options.SourceControl + "'";
 				return std::nullopt;
 			}
+		}
+		else if (Arg == "--ui")
+		{
+			Options.bUi = true;
+		}
+		else if (Arg == "--ui-port")
+		{
+			if (!TakeValue(Value))
+			{
+				return std::nullopt;
+			}
+			char* End = nullptr;
+			const long Port = std::strtol(Value.c_str(), &End, 10);
+			if (End == Value.c_str() || *End != '\0' || Port < 0 || Port > 65535)
+			{
+				Error = "--ui-port takes a port number, not '" + Value + "'";
+				return std::nullopt;
+			}
+			Options.UiPort = static_cast<int>(Port);
+			Options.bUi = true;
 		}
 		else if (Arg == "--interactive")
 		{

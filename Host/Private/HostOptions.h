@@ -15,6 +15,9 @@ struct FHostOptions
 	bool bInteractive = false;
 	bool bVerbose = false;
 	bool bColor = false;
+	// Serve the editor's tabs as a web page on 127.0.0.1 (port 0: any free one).
+	bool bUi = false;
+	int UiPort = 0;
 };
 
 // Parses argv; on a bad command line writes the reason to Error and gives nothing.

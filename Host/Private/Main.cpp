@@ -5,10 +5,14 @@
 #include "HostProject.h"
 #include "HostSourceControl.h"
 #include "TerminalInput.h"
+#include "Ui/SlatePageServer.h"
 
 #include "Agent/Agent.h"
 #include "Agent/TavrineInterface.h"
+#include "Containers/Ticker.h"
 #include "CoreMinimal.h"
+#include "Framework/Application/SlateApplication.h"
+#include "Framework/Docking/TabManager.h"
 #include "HAL/StandInMemory.h"
 #include "HttpManager.h"
 #include "HttpModule.h"
@@ -17,9 +21,13 @@
 #include "Misc/StandInEngineLoop.h"
 #include "Misc/StandInProject.h"
 #include "Modules/ModuleManager.h"
+#include "ToolMenus.h"
 
+#include <atomic>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #ifndef TAVRINE_DEFAULT_PROJECT
@@ -50,6 +58,14 @@ namespace
 	{
 		const FTavrineInterface& Interface = FTavrineInterface::Get();
 		return std::string("undo ") + (Interface.CanUndo() ? "available" : "unavailable") + ", redo " + (Interface.CanRedo() ? "available" : "unavailable");
+	}
+
+	// Set by Ctrl+C or a termination request, so that the browser window's host shuts the plugin down cleanly.
+	std::atomic<bool> GQuitRequested{false};
+
+	void RequestQuit(int)
+	{
+		GQuitRequested = true;
 	}
 
 	void PrintState()
@@ -162,6 +178,10 @@ namespace
 
 		// The editor's engine (GEngine, GEditor and its undo queue) is there before any plugin.
 		FModuleManager::Get().LoadModule(TEXT("UnrealEd"));
+		// The editor's UI is up before plugins start: Slate, the settings pages, the menus.
+		FSlateApplication::Create();
+		FModuleManager::Get().LoadModule(TEXT("Settings"));
+		UToolMenus::StandInSetMenusReady();
 		// The editor loads the plugins that Tavrine depends on before Tavrine itself.
 		FModuleManager::Get().LoadModule(TEXT("PythonScriptPlugin"));
 		if (!SelectSourceControl(Options.SourceControl, Error))
@@ -177,8 +197,36 @@ namespace
 			return ExitTurnFailed;
 		}
 		int ExitCode = ExitOk;
+		FSlatePageServer Page;
+		FTSTicker::FDelegateHandle PageTicker;
+		if (Options.bUi)
 		{
-			FConsoleChat Chat(Options.bColor);
+			if (!Page.Start(Options.UiPort, Error))
+			{
+				std::fprintf(stderr, "tavrine: %s\n", Error.c_str());
+				FModuleManager::Get().UnloadModule(TEXT("Tavrine"));
+				GLog->RemoveOutputDevice(&LogDevice);
+				return ExitBadUsage;
+			}
+			std::signal(SIGINT, RequestQuit);
+			std::signal(SIGTERM, RequestQuit);
+			// As if the user picked Window > Tavrine.
+			FGlobalTabmanager::Get()->TryInvokeTab(FTabId(TEXT("Tavrine")));
+			PageTicker = FTSTicker::GetCoreTicker().AddTicker(TEXT("SlatePage"), 0.0f, [&Page](float)
+			{
+				Page.Tick();
+				return true;
+			});
+			std::printf("Tavrine window: http://127.0.0.1:%d/\n", Page.GetPort());
+			std::fflush(stdout);
+		}
+		{
+			// With the browser window open the window is the chat (and keeps its log); the terminal only serves commands.
+			std::optional<FConsoleChat> Chat;
+			if (!Options.bUi)
+			{
+				Chat.emplace(Options.bColor);
+			}
 			bool bQuit = false;
 			if (!Options.Prompt.empty())
 			{
@@ -200,7 +248,8 @@ namespace
 			{
 				std::printf("Type a message, or /help.\n");
 				FTerminalInput Input;
-				FStandInEngineLoop::PumpUntil([&Input]()
+				const bool bUi = Options.bUi;
+				FStandInEngineLoop::PumpUntil([&Input, bUi]()
 				{
 					while (std::optional<std::string> Line = Input.PopLine())
 					{
@@ -209,12 +258,21 @@ namespace
 							return true;
 						}
 					}
-					return Input.IsFinished() && IsSettled();
+					// The browser window stays up without a terminal, until it is asked to stop.
+					return GQuitRequested || (!bUi && Input.IsFinished() && IsSettled());
 				}, 1.0e9);
 				ExitCode = ExitOk;
 			}
 		}
+		if (Options.bUi)
+		{
+			FTSTicker::RemoveTicker(PageTicker);
+			Page.Stop();
+		}
+		// The editor's windows close before its modules shut down: no widget outlives the code that made it.
+		FSlateApplication::Get().StandInCloseAllWindows();
 		FModuleManager::Get().UnloadModule(TEXT("Tavrine"));
+		FSlateApplication::Shutdown();
 		GLog->RemoveOutputDevice(&LogDevice);
 		return ExitCode;
 	}

@@ -40,6 +40,9 @@ public class Tavrine : ModuleRules
 		// Found by name at run time for the file tools' source-control steps.
 		PrivateDependencyModuleNames.Add("SourceControl");
 
+		// The settings page is registered when the editor's "Settings" module is there.
+		PrivateDependencyModuleNames.Add("Settings");
+
 		// Found by name at run time for the asset lookups of the project tree, the reference search and the Blueprint tools.
 		PrivateDependencyModuleNames.Add("AssetRegistry");
 	}

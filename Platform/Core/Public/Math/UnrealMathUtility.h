@@ -72,6 +72,12 @@ struct FMath
 		return (Dividend + Divisor - 1) / Divisor;
 	}
 
+	/** Number of set bits; the engine has it from its platform math, which FMath extends. */
+	static constexpr int32 CountBits(uint64 Bits)
+	{
+		return __builtin_popcountll(Bits);
+	}
+
 	static int32 TruncToInt(double F)
 	{
 		return static_cast<int32>(F);
