@@ -586,6 +586,19 @@ namespace UnrealEd::Private
 		{
 			return;
 		}
+		// Properties that parent Blueprints declared start from the parent's defaults, as native ones do from
+		// their constructors.
+		if (const UObject* ParentDefaults = Class->GetSuperClass()->GetDefaultObject())
+		{
+			for (FProperty* Property = Class->PropertyLink; Property != nullptr; Property = Property->PropertyLinkNext)
+			{
+				const UClass* Owner = Property->GetOwnerClass();
+				if (Owner != nullptr && Owner != Class && Owner->HasAnyClassFlags(CLASS_CompiledFromBlueprint) && ParentDefaults->IsA(Owner))
+				{
+					Property->CopyCompleteValue_InContainer(Defaults, ParentDefaults);
+				}
+			}
+		}
 		// Values the old class's defaults held beyond its parent's carry over, by property name.
 		UObject* OldDefaults = OldClass != nullptr ? OldClass->GetDefaultObject(false) : nullptr;
 		UObject* OldParentDefaults = OldClass != nullptr && OldClass->GetSuperClass() != nullptr ? OldClass->GetSuperClass()->GetDefaultObject(false) : nullptr;
