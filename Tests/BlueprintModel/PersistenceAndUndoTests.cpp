@@ -43,6 +43,16 @@ namespace
 		return Text;
 	}
 
+	FString FunctionOrder(const UClass* Class)
+	{
+		FString Names;
+		for (const UField* Field = Class->Children; Field != nullptr; Field = Field->Next)
+		{
+			Names += Field->GetName() + TEXT(" ");
+		}
+		return Names;
+	}
+
 	UK2Node_CallFunction* AddPrint(UEdGraph* Graph)
 	{
 		FGraphNodeCreator<UK2Node_CallFunction> Creator(*Graph);
@@ -80,6 +90,7 @@ TEST_F(FBlueprintModelTest, ASavedBlueprintLoadsBackTheSameAndSurvivesGarbageCol
 	FKismetEditorUtilities::CompileBlueprint(Blueprint);
 	ASSERT_EQ(Blueprint->Status, BS_UpToDate);
 	const FString Before = Fingerprint(Blueprint);
+	const FString FunctionsBefore = FunctionOrder(Blueprint->GeneratedClass);
 	ASSERT_TRUE(SaveTestPackage(Blueprint->GetOutermost(), Blueprint));
 
 	// Graphs, nodes, pins and links are text a diff can show.
@@ -112,6 +123,7 @@ TEST_F(FBlueprintModelTest, ASavedBlueprintLoadsBackTheSameAndSurvivesGarbageCol
 	FString Text;
 	Class->FindPropertyByName(TEXT("Greeting"))->ExportText_InContainer(0, Text, Class->GetDefaultObject(), nullptr, nullptr, PPF_None);
 	EXPECT_EQ(Text, TEXT("Hi \"there\""));
+	EXPECT_EQ(FunctionOrder(Class), FunctionsBefore);
 	const UFunction* Dim = Class->FindFunctionByName(TEXT("Dim"));
 	ASSERT_NE(Dim, nullptr);
 	EXPECT_NE(Dim->FindPropertyByName(TEXT("Left")), nullptr);

@@ -435,8 +435,13 @@ namespace UnrealEd::Private
 			Function->FunctionFlags |= FUNC_HasOutParms;
 		}
 		Function->StaticLink(true);
-		Function->Next = Class->Children;
-		Class->Children = Function;
+		// Functions keep the order they were made in, which is also the order a load gives them.
+		UField** Tail = &Class->Children;
+		while (*Tail != nullptr)
+		{
+			Tail = &(*Tail)->Next;
+		}
+		*Tail = Function;
 		Class->AddFunctionToFunctionMap(Function, Name);
 		return Function;
 	}
