@@ -177,6 +177,17 @@ TEST_F(FBlueprintModelTest, ABlueprintOfABlueprintInheritsThroughItsClassChain)
 	TArray<UBlueprint*> Chain;
 	EXPECT_TRUE(UBlueprint::GetBlueprintHierarchyFromClass(Child->GeneratedClass, Chain));
 	EXPECT_EQ(Chain, TArray<UBlueprint*>({Child, Parent}));
+
+	// Loaded again, the child's defaults still come from its parent's: the file holds only what differs.
+	ASSERT_TRUE(SaveTestPackage(Parent->GetOutermost(), Parent));
+	ASSERT_TRUE(SaveTestPackage(Child->GetOutermost(), Child));
+	ForgetPackage(Child->GetOutermost());
+	ForgetPackage(Parent->GetOutermost());
+	UBlueprint* LoadedChild = LoadObject<UBlueprint>(nullptr, TEXT("/Game/Blueprints/BP_Child.BP_Child"));
+	ASSERT_NE(LoadedChild, nullptr);
+	EXPECT_EQ(DefaultText(LoadedChild->GeneratedClass, TEXT("Health")), TEXT("100"));
+	EXPECT_EQ(DefaultText(LoadedChild->GeneratedClass, TEXT("Armor")), TEXT("7"));
+	EXPECT_EQ(LoadedChild->GeneratedClass->GetSuperClass()->GetPathName(), TEXT("/Game/Blueprints/BP_Base.BP_Base_C"));
 }
 
 TEST_F(FBlueprintModelTest, RealFaultsFailTheCompileAndSomeOnlyWarn)

@@ -13,6 +13,8 @@
 #include "GameFramework/Actor.h"
 #include "Kismet/KismetSystemLibrary.h"
 #include "ScopedTransaction.h"
+#include "Animation/AnimBlueprint.h"
+#include "Factories/AnimBlueprintFactory.h"
 #include "UObject/UnrealType.h"
 #include "CoreTestPrinters.h"
 
@@ -107,6 +109,18 @@ TEST_F(FBlueprintModelTest, ASavedBlueprintLoadsBackTheSameAndSurvivesGarbageCol
 	ASSERT_NE(Lamp, nullptr);
 	EXPECT_EQ(Lamp->GetTagValueRef<FString>(FName(TEXT("GeneratedClass"))), TEXT("/Script/Engine.BlueprintGeneratedClass'/Game/Props/BP_Lamp.BP_Lamp_C'"));
 	EXPECT_EQ(Lamp->GetTagValueRef<FString>(FName(TEXT("ParentClass"))), TEXT("/Script/CoreUObject.Class'/Script/Engine.Actor'"));
+	// An Animation Blueprint is filed under its own class, so a query for Blueprints doesn't find it.
+	UAnimBlueprintFactory* AnimFactory = NewObject<UAnimBlueprintFactory>();
+	UAnimBlueprint* Anim = Cast<UAnimBlueprint>(FAssetToolsModule::GetModule().Get().CreateAsset(TEXT("ABP_Lamp"), TEXT("/Game/Props"), UAnimBlueprint::StaticClass(), AnimFactory));
+	ASSERT_NE(Anim, nullptr);
+	EXPECT_NE(Anim->GetAnimBlueprintGeneratedClass(), nullptr);
+	EXPECT_EQ(FAssetToolsModule::GetModule().Get().CreateAsset(TEXT("ABP_Lamp"), TEXT("/Game/Props"), UAnimBlueprint::StaticClass(), AnimFactory), nullptr) << "a taken name";
+	EXPECT_EQ(FAssetToolsModule::GetModule().Get().CreateAsset(TEXT("Bad Name"), TEXT("/Game/Props"), UBlueprint::StaticClass(), NewObject<UBlueprintFactory>()), nullptr);
+	TArray<FAssetData> Again;
+	Registry.GetAssetsByClass(UBlueprint::StaticClass()->GetClassPathName(), Again);
+	EXPECT_FALSE(Again.ContainsByPredicate([](const FAssetData& Asset) { return Asset.AssetName == FName(TEXT("ABP_Lamp")); }));
+	Registry.GetAssetsByClass(UAnimBlueprint::StaticClass()->GetClassPathName(), Again);
+	EXPECT_TRUE(Again.ContainsByPredicate([](const FAssetData& Asset) { return Asset.AssetName == FName(TEXT("ABP_Lamp")); }));
 
 	ForgetPackage(Blueprint->GetOutermost());
 	ASSERT_EQ(FindObject<UBlueprint>(nullptr, TEXT("/Game/Props/BP_Lamp.BP_Lamp")), nullptr);
