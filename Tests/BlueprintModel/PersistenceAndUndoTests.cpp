@@ -197,6 +197,11 @@ TEST_F(FBlueprintModelTest, UndoPutsBackVariablesGraphsNodesPinsAndLinks)
 	ASSERT_EQ(Message->LinkedTo.Num(), 1);
 	EXPECT_EQ(Message->LinkedTo[0]->GetOwningNode(), Print);
 	EXPECT_EQ(Message->LinkedTo[0]->LinkedTo[0], Message);
+	// The class is the one the state before made (the transaction's compile is undone with it).
+	EXPECT_EQ(Blueprint->GeneratedClass->GetPathName(), TEXT("/Game/Blueprints/BP_Undo.BP_Undo_C"));
+	EXPECT_EQ(Blueprint->GeneratedClass->FindPropertyByName(TEXT("Count")), nullptr);
+	EXPECT_EQ(Blueprint->GeneratedClass->FindFunctionByName(TEXT("Shout")), nullptr);
+	EXPECT_EQ(Blueprint->GeneratedClass->GetDefaultObject()->GetPathName(), TEXT("/Game/Blueprints/BP_Undo.Default__BP_Undo_C"));
 	// The Blueprint compiles as it was, and its name for the undone function is free again.
 	FKismetEditorUtilities::CompileBlueprint(Blueprint);
 	EXPECT_EQ(Blueprint->Status, BS_UpToDate);
@@ -204,6 +209,7 @@ TEST_F(FBlueprintModelTest, UndoPutsBackVariablesGraphsNodesPinsAndLinks)
 
 	ASSERT_TRUE(GEditor->RedoTransaction());
 	EXPECT_EQ(Fingerprint(Blueprint), After);
+	EXPECT_NE(Blueprint->GeneratedClass->FindFunctionByName(TEXT("Shout")), nullptr) << "redo brings the compile's class back";
 	EXPECT_EQ(Kept->FindPin(TEXT("Message"))->LinkedTo.Num(), 0);
 	ASSERT_TRUE(GEditor->UndoTransaction());
 	UEdGraph* Again = FBlueprintEditorUtils::CreateNewGraph(Blueprint, TEXT("Shout"), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
