@@ -87,6 +87,7 @@ TEST_F(FBlueprintModelTest, ASavedBlueprintLoadsBackTheSameAndSurvivesGarbageCol
 	ASSERT_TRUE(Schema->TryCreateConnection(BeginPlay->FindPin(TEXT("then")), Print->FindPin(TEXT("execute"))));
 	ASSERT_TRUE(Schema->TryCreateConnection(Get->FindPin(TEXT("Greeting")), Print->FindPin(TEXT("InString"))));
 	Schema->TrySetDefaultValue(*Print->FindPin(TEXT("Duration")), TEXT("5.0"));
+	Schema->TrySetDefaultValue(*Print->FindPin(TEXT("Key")), TEXT("It's \"lit\"\n\\ on,off (really)"));
 	USCS_Node* Root = Blueprint->SimpleConstructionScript->CreateNode(USceneComponent::StaticClass(), TEXT("Base"));
 	Blueprint->SimpleConstructionScript->AddNode(Root);
 	FKismetEditorUtilities::CompileBlueprint(Blueprint);
