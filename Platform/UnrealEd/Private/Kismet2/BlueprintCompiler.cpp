@@ -471,7 +471,16 @@ namespace UnrealEd::Private
 			}
 			AddFunction(Class, FName(*(Graph->GetName() + TEXT("__DelegateSignature"))), nullptr, FUNC_Public | FUNC_Delegate | FUNC_MulticastDelegate, Inputs, {});
 		}
-		for (UEdGraph* Graph : Blueprint.FunctionGraphs)
+		// The functions of the Blueprint's own graphs, then those implementing its interfaces.
+		TArray<UEdGraph*> FunctionGraphs(Blueprint.FunctionGraphs);
+		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
+		{
+			for (UEdGraph* Graph : Interface.Graphs)
+			{
+				FunctionGraphs.Add(Graph);
+			}
+		}
+		for (UEdGraph* Graph : FunctionGraphs)
 		{
 			if (Graph == nullptr)
 			{
