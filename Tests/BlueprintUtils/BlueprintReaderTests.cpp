@@ -2,6 +2,7 @@
 #include "BlueprintUtilsTestSupport.h"
 #include "Engine/StaticMeshActor.h"
 #include "GameFramework/Actor.h"
+#include "HAL/FileManager.h"
 
 namespace
 {
@@ -173,4 +174,42 @@ TEST_F(FBlueprintUtilsTest, InheritanceAndInterfacesInTheDocument)
 	ASSERT_EQ(Interfaces.Num(), 1);
 	EXPECT_EQ(Interfaces[0]->AsObject()->GetStringField(TEXT("Name")), TEXT("BPI_Interactable_C"));
 	EXPECT_TRUE(FindEntry(Interfaces[0]->AsObject()->GetArrayField(TEXT("Graphs")), TEXT("Name"), TEXT("Interact")).IsValid());
+}
+
+TEST_F(FBlueprintUtilsTest, CheckedInSampleBlueprintsReadAsFreshlyMadeOnes)
+{
+	// The sample project's files load with today's package format and give the documents of a fresh build;
+	// when the editor's model changes, make-sample-blueprints writes them again.
+	const TCHAR* const Names[] = { TEXT("BP_Showcase"), TEXT("BP_ShowcaseChild"), TEXT("BPI_Interactable"), TEXT("BP_Door"), TEXT("ABP_Hero") };
+	for (const TCHAR* Name : Names)
+	{
+		const FString File = FString(Name) + TEXT(".uasset");
+		Project->WriteFile(Project->ContentFile(TEXT("Blueprints/") + File), Project->ReadFile(FString(TEXT(SAMPLE_BLUEPRINTS_DIR)) / File));
+	}
+	TArray<FString> FromFiles;
+	for (const TCHAR* Name : { TEXT("BP_Showcase"), TEXT("BP_ShowcaseChild"), TEXT("BP_Door") })
+	{
+		FromFiles.Add(FTavrineBlueprintUtils::ReadBlueprint(Name, TEXT("All")));
+		ASSERT_FALSE(ParseJson(FromFiles.Last())->HasField(TEXT("Error"))) << TCHAR_TO_UTF8(Name);
+	}
+	for (TObjectIterator<UPackage> It; It; ++It)
+	{
+		if (It->GetName().StartsWith(TEXT("/Game/")))
+		{
+			Forget(*It, false);
+		}
+	}
+	CollectGarbage(RF_NoFlags);
+	for (const TCHAR* Name : Names)
+	{
+		IFileManager::Get().Delete(*Project->ContentFile(FString(TEXT("Blueprints/")) + Name + TEXT(".uasset")));
+	}
+
+	UBlueprint* Showcase = FSampleBlueprintBuilder::MakeShowcase(Asset(TEXT("BP_Showcase")));
+	ASSERT_NE(Showcase, nullptr);
+	ASSERT_NE(FSampleBlueprintBuilder::MakeChild(Asset(TEXT("BP_ShowcaseChild")), Showcase), nullptr);
+	ASSERT_NE(FSampleBlueprintBuilder::MakeInterfaceUser(Asset(TEXT("BP_Door")), FSampleBlueprintBuilder::MakeInterface(Asset(TEXT("BPI_Interactable")))), nullptr);
+	EXPECT_EQ(FTavrineBlueprintUtils::ReadBlueprint(TEXT("BP_Showcase"), TEXT("All")), FromFiles[0]);
+	EXPECT_EQ(FTavrineBlueprintUtils::ReadBlueprint(TEXT("BP_ShowcaseChild"), TEXT("All")), FromFiles[1]);
+	EXPECT_EQ(FTavrineBlueprintUtils::ReadBlueprint(TEXT("BP_Door"), TEXT("All")), FromFiles[2]);
 }
