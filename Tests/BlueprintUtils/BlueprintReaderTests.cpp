@@ -192,14 +192,7 @@ TEST_F(FBlueprintUtilsTest, CheckedInSampleBlueprintsReadAsFreshlyMadeOnes)
 		FromFiles.Add(FTavrineBlueprintUtils::ReadBlueprint(Name, TEXT("All")));
 		ASSERT_FALSE(ParseJson(FromFiles.Last())->HasField(TEXT("Error"))) << TCHAR_TO_UTF8(Name);
 	}
-	for (TObjectIterator<UPackage> It; It; ++It)
-	{
-		if (It->GetName().StartsWith(TEXT("/Game/")))
-		{
-			Forget(*It, false);
-		}
-	}
-	CollectGarbage(RF_NoFlags);
+	ForgetAllContent();
 	for (const TCHAR* Name : Names)
 	{
 		IFileManager::Get().Delete(*Project->ContentFile(FString(TEXT("Blueprints/")) + Name + TEXT(".uasset")));

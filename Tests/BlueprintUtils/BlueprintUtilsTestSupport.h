@@ -84,14 +84,7 @@ protected:
 	{
 		GetMutableDefault<UTavrineSettings>()->BlueprintContentFilter = SavedFilter;
 		// The next test starts without this one's assets, also when all run in one process.
-		for (TObjectIterator<UPackage> It; It; ++It)
-		{
-			if (It->GetName().StartsWith(TEXT("/Game/")))
-			{
-				Forget(*It, false);
-			}
-		}
-		CollectGarbage(RF_NoFlags);
+		ForgetAllContent();
 		Project.Reset();
 	}
 
@@ -120,6 +113,19 @@ protected:
 		{
 			CollectGarbage(RF_NoFlags);
 		}
+	}
+
+	/** Drops every package of the content folder from memory. */
+	static void ForgetAllContent()
+	{
+		for (TObjectIterator<UPackage> It; It; ++It)
+		{
+			if (It->GetName().StartsWith(TEXT("/Game/")))
+			{
+				Forget(*It, false);
+			}
+		}
+		CollectGarbage(RF_NoFlags);
 	}
 
 	TUniquePtr<FObjectTestProject> Project;
