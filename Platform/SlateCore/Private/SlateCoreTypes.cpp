@@ -1,11 +1,7 @@
 // The named constants of the small value types.
 #include "Fonts/SlateFontInfo.h"
 #include "Layout/Visibility.h"
-#include "Math/Vector2D.h"
 #include "Types/WidgetActiveTimerDelegate.h"
-
-const FVector2D FVector2D::ZeroVector(0.0, 0.0);
-const FVector2D FVector2D::UnitVector(1.0, 1.0);
 
 const FFontOutlineSettings FFontOutlineSettings::NoOutline;
 

@@ -148,6 +148,11 @@ private:
 	FString HandleCompile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 	FString HandleExecutePythonScript(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 
+	// Blueprint tools: their results are the Blueprint utilities' texts as they stand.
+	FString HandleCreateBlueprint(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleReadBlueprint(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleSaveAndCompileAllDirtyBlueprints(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+
 	// File tools: each keeps the undo data before its change and shows the diff after one that worked.
 	FString HandleCreateFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 	FString HandleCreateCppFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);

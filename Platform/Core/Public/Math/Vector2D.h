@@ -1,4 +1,4 @@
-// FVector2D: a 2D point or size with double components, as in the engine's large-world math.
+// FVector2D: a 2D point or size (graph positions, widget sizes), with double components as in the engine.
 #pragma once
 
 #include "CoreTypes.h"
@@ -44,6 +44,9 @@ struct FVector2D
 	static const FVector2D ZeroVector;
 	static const FVector2D UnitVector;
 };
+
+inline const FVector2D FVector2D::ZeroVector(0.0, 0.0);
+inline const FVector2D FVector2D::UnitVector(1.0, 1.0);
 
 using FVector2f = FVector2D;
 using FDeprecateSlateVector2D = FVector2D;
