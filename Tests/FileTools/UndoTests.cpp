@@ -1,11 +1,14 @@
 // Undo and redo of a whole conversation: its file changes played through the local backend, and its
-// editor transactions on plain transacted objects.
+// editor transactions on a Blueprint.
 
 #include "FileToolsTest.h"
 
+#include "Agent/BlueprintUtils.h"
+#include "EdGraphSchema_K2.h"
 #include "Editor.h"
 #include "Editor/Transactor.h"
-#include "GameFramework/Actor.h"
+#include "Engine/Blueprint.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "ScopedTransaction.h"
 #include "UObject/Package.h"
 #include "UnrealEdModule.h"
@@ -106,40 +109,54 @@ TEST_F(UndoTest, UndoRestoresEveryFileOfTheConversationAndRedoPutsTheLastStateBa
 	std::filesystem::remove_all(Project() / "Undo");
 }
 
-TEST_F(UndoTest, UndoTakesBackEveryTransactionOfTheConversationAndSavesWhatItLeftDirty)
+TEST_F(UndoTest, UndoTakesBackEveryTransactionOfTheConversationAndSavesTheBlueprintsItLeftDirty)
 {
-	UPackage* Package = CreatePackage(TEXT("/Game/UndoTest/Lamp"));
-	AActor* Lamp = NewObject<AActor>(Package, FName(TEXT("Lamp")), RF_Public | RF_Standalone | RF_Transactional);
-	const auto Change = [Lamp](const FString& Title, const TCHAR* Tag)
+	ASSERT_TRUE(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/UndoTest"), TEXT("BP_Lamp"), TEXT("Actor")).StartsWith(TEXT("Success")));
+	UBlueprint* Lamp = FTavrineBlueprintUtils::GetBlueprintFromtBlueprintName(TEXT("BP_Lamp"));
+	ASSERT_NE(Lamp, nullptr);
+	FEdGraphPinType BoolType;
+	BoolType.PinCategory = UEdGraphSchema_K2::PC_Boolean;
+	const auto AddVariable = [Lamp, &BoolType](const FString& Title, const TCHAR* Name)
 	{
 		FScopedTransaction Transaction(FText::FromString(Title));
-		Lamp->Modify();
-		Lamp->Tags.Add(FName(Tag));
+		FBlueprintEditorUtils::AddMemberVariable(Lamp, FName(Name), BoolType);
+	};
+	const auto VariableNames = [Lamp]()
+	{
+		TArray<FName> Names;
+		for (const FBPVariableDescription& Variable : Lamp->NewVariables)
+		{
+			Names.Add(Variable.VarName);
+		}
+		return Names;
 	};
 	const FString Conversation = TEXT("0123456789abcdef0123456789abcdef");
-	Change(TEXT("Place the lamp"), TEXT("Mine"));
-	Change(FAgent::MakeTransactionName(Conversation), TEXT("Red"));
-	Change(FAgent::MakeTransactionName(Conversation).ToUpper(), TEXT("Bright"));
+	AddVariable(TEXT("Add a switch"), TEXT("bMine"));
+	FTavrineBlueprintUtils::SaveBlueprint(Lamp);
+	AddVariable(FAgent::MakeTransactionName(Conversation), TEXT("bRed"));
+	AddVariable(FAgent::MakeTransactionName(Conversation).ToUpper(), TEXT("bBright"));
 	FAgent::Get().SetUndoConversationId(Conversation);
 
 	EXPECT_FALSE(Facade().UndoUntilLastTransactionByName(TEXT("Tavrine Transaction other")));
-	EXPECT_EQ(Lamp->Tags.Num(), 3);
+	EXPECT_EQ(VariableNames().Num(), 3);
 	// The conversation changed no file, yet its transactions make it undoable.
 	ASSERT_TRUE(Facade().CanUndo());
 	Facade().UndoLastOperation();
 
 	// Both transactions of the conversation are undone; the user's own change before them stays.
-	EXPECT_EQ(Lamp->Tags, TArray<FName>{ FName(TEXT("Mine")) });
+	EXPECT_EQ(VariableNames(), TArray<FName>{ FName(TEXT("bMine")) });
 	EXPECT_TRUE(GEditor->Trans->CanUndo(nullptr));
 	// Undone editor changes have no way forward, so the conversation can't be redone.
 	EXPECT_TRUE(FAgent::Get().GetRedoConversationId().IsEmpty());
 	EXPECT_FALSE(Facade().CanUndo());
 	EXPECT_FALSE(Facade().CanRedo());
-	EXPECT_FALSE(Package->IsDirty());
-	EXPECT_TRUE(std::filesystem::exists(Project() / "Content/UndoTest/Lamp.uasset"));
+	// The Blueprint the undo changed is saved and compiled as it now stands.
+	EXPECT_FALSE(Lamp->GetOutermost()->IsDirty());
+	EXPECT_NE(Lamp->GeneratedClass->FindPropertyByName(TEXT("bMine")), nullptr);
+	EXPECT_EQ(Lamp->GeneratedClass->FindPropertyByName(TEXT("bRed")), nullptr);
 	EXPECT_TRUE(RunUntil([]() { return HasToolResult(TEXT("Undo")); }));
 	// Nothing of that title is left to undo.
 	EXPECT_FALSE(Facade().UndoUntilLastTransactionByName(FAgent::MakeTransactionName(Conversation)));
-	EXPECT_EQ(Lamp->Tags.Num(), 1);
+	EXPECT_EQ(VariableNames().Num(), 1);
 	std::filesystem::remove_all(Project() / "Content/UndoTest");
 }

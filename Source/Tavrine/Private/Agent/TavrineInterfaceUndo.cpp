@@ -3,10 +3,10 @@
 #include "Agent/TavrineInterface.h"
 
 #include "Agent/Agent.h"
+#include "Agent/BlueprintUtils.h"
 #include "Agent/FileHistory.h"
 #include "Editor.h"
 #include "Editor/Transactor.h"
-#include "FileHelpers.h"
 
 namespace
 {
@@ -113,7 +113,8 @@ void FTavrineInterface::UndoLastOperation()
 	Agent.SetUndoConversationId(FString());
 	if (bUndone)
 	{
-		SaveAndCompileDirtyBlueprints();
+		// The undone transactions left their Blueprints changed in memory; the document it gives is not needed.
+		FTavrineBlueprintUtils::SaveAndCompileAllDirtyBlueprints();
 	}
 }
 
@@ -133,10 +134,4 @@ void FTavrineInterface::RedoLastOperation()
 	Agent.Compile(TEXT("Redo"), Agent.GetMessages());
 	Agent.SetUndoConversationId(RedoId);
 	Agent.SetRedoConversationId(FString());
-}
-
-void FTavrineInterface::SaveAndCompileDirtyBlueprints()
-{
-	// Saves and compiles the dirty Blueprints that the undone transactions left behind; the result is dropped.
-	FEditorFileUtils::SaveDirtyPackages(false, false, true);
 }

@@ -88,8 +88,6 @@ private:
 
 	/** Queue index of the first transaction with that title, in any case; -1 without one or without an editor. */
 	static int32 FindTransactionIndexByName(const FString& Name);
-	/** Saves and compiles the Blueprints that the undone transactions left dirty. */
-	static void SaveAndCompileDirtyBlueprints();
 
 	bool bInitialized = false;
 	bool bPluginEnabled = false;
