@@ -1,0 +1,20 @@
+// The parent of tasks made as Blueprints.
+#pragma once
+
+#include "CoreMinimal.h"
+#include "BehaviorTree/BTTaskNode.h"
+#include "BTTask_BlueprintBase.generated.h"
+
+UCLASS(Abstract, Blueprintable, MinimalAPI)
+class UBTTask_BlueprintBase : public UBTTaskNode
+{
+	GENERATED_BODY()
+
+public:
+	UBTTask_BlueprintBase(const FObjectInitializer& ObjectInitializer = FObjectInitializer::Get());
+
+protected:
+	/** show detailed information about properties */
+	UPROPERTY(EditInstanceOnly, Category = Description)
+	uint32 bShowPropertyDetails : 1;
+};
