@@ -47,7 +47,7 @@ const FAgent::FToolEntry* FAgent::FindTool(const FString& Name)
 		{ TEXT("modify_blueprint_variables"), nullptr },
 		{ TEXT("read_behavior_tree"), nullptr },
 		{ TEXT("save_and_compile_all_dirty_blueprints"), nullptr },
-		{ TEXT("find_reference_in_all_files"), nullptr },
+		{ TEXT("find_reference_in_all_files"), &FAgent::HandleFindReferenceInAllFiles },
 	};
 
 	for (const FToolEntry& Tool : Tools)
