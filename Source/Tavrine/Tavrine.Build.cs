@@ -42,5 +42,11 @@ public class Tavrine : ModuleRules
 
 		// Found by name at run time for the asset lookups of the project tree, the reference search and the Blueprint tools.
 		PrivateDependencyModuleNames.Add("AssetRegistry");
+
+		// Found by name at run time to create Blueprint assets.
+		PrivateDependencyModuleNames.Add("AssetTools");
+
+		// A property whose value can't be exported as text reads as its kind's fallback instead of ending the tool.
+		bEnableExceptions = true;
 	}
 }

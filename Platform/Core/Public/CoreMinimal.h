@@ -33,6 +33,7 @@
 #if __has_include("Math/Vector.h")
 #include "Math/Vector.h"
 #endif
+#include "Math/Vector2D.h"
 #if __has_include("Math/Rotator.h")
 #include "Math/Rotator.h"
 #include "Math/Quat.h"

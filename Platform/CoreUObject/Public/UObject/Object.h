@@ -134,6 +134,11 @@ public:
 	virtual void ExportCustomProperties(FOutputDevice& Out, uint32 Indent);
 	// Reads back what ExportCustomProperties wrote, one line at a time (without "CustomProperties ").
 	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn);
+	// Stand-in only: drops the state that ImportCustomProperties reads, before a transaction puts a
+	// recorded one back (the engine serializes such state with the object instead).
+	virtual void ResetCustomProperties()
+	{
+	}
 
 	// Tells the garbage collector what this object refers to beyond its reflected properties.
 	static void AddReferencedObjects(UObject* InThis, FReferenceCollector& Collector);

@@ -42,11 +42,11 @@ const FAgent::FToolEntry* FAgent::FindTool(const FString& Name)
 		{ TEXT("delete_cpp_file"), &FAgent::HandleDeleteCppFile },
 		{ TEXT("read_file"), &FAgent::HandleReadFile },
 		{ TEXT("get_filesystem_tree"), &FAgent::HandleGetFilesystemTree },
-		{ TEXT("create_blueprint"), nullptr },
-		{ TEXT("read_blueprint"), nullptr },
+		{ TEXT("create_blueprint"), &FAgent::HandleCreateBlueprint },
+		{ TEXT("read_blueprint"), &FAgent::HandleReadBlueprint },
 		{ TEXT("modify_blueprint_variables"), nullptr },
-		{ TEXT("read_behavior_tree"), nullptr },
-		{ TEXT("save_and_compile_all_dirty_blueprints"), nullptr },
+		{ TEXT("read_behavior_tree"), &FAgent::HandleReadBehaviorTree },
+		{ TEXT("save_and_compile_all_dirty_blueprints"), &FAgent::HandleSaveAndCompileAllDirtyBlueprints },
 		{ TEXT("find_reference_in_all_files"), &FAgent::HandleFindReferenceInAllFiles },
 	};
 

@@ -145,6 +145,11 @@ private:
 	FString HandleCompile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 	FString HandleExecutePythonScript(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 
+	// Blueprint tools: their results are the Blueprint utilities' texts as they stand.
+	FString HandleCreateBlueprint(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleReadBlueprint(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleSaveAndCompileAllDirtyBlueprints(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+
 	// File tools: each keeps the undo data before its change and shows the diff after one that worked.
 	FString HandleCreateFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 	FString HandleCreateCppFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
@@ -159,6 +164,7 @@ private:
 
 	// Read-only tools over the whole project: the reference search and the behaviour tree reader.
 	FString HandleFindReferenceInAllFiles(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleReadBehaviorTree(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 
 	EAgentState State = EAgentState::None;
 	FString ConversationId;
