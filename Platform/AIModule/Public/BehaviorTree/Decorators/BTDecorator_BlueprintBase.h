@@ -13,6 +13,9 @@ class UBTDecorator_BlueprintBase : public UBTDecorator
 public:
 	UBTDecorator_BlueprintBase(const FObjectInitializer& ObjectInitializer = FObjectInitializer::Get());
 
+	// Named after its Blueprint, as the behaviour tree editor shows it.
+	AIMODULE_API virtual void PostInitProperties() override;
+
 protected:
 	/** show detailed information about properties */
 	UPROPERTY(EditInstanceOnly, Category = Description)
