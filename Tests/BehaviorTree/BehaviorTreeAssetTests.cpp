@@ -163,9 +163,9 @@ TEST(BehaviorTreeAssets, BlackboardParentsGiveTheirKeysFirstAndALoopEnds)
 	UBlackboardData* Base = NewObject<UBlackboardData>();
 	UBlackboardData* Middle = NewObject<UBlackboardData>();
 	UBlackboardData* Child = NewObject<UBlackboardData>();
-	Base->Keys.Add(MakeKey(Base, TEXT("SelfActor"), NewObject<UBlackboardKeyType_Object>(Base)));
-	Middle->Keys.Add(MakeKey(Middle, TEXT("Home"), nullptr));
-	Child->Keys.Add(MakeKey(Child, TEXT("Target"), nullptr));
+	Base->Keys.Add(MakeKey(TEXT("SelfActor"), NewObject<UBlackboardKeyType_Object>(Base)));
+	Middle->Keys.Add(MakeKey(TEXT("Home"), nullptr));
+	Child->Keys.Add(MakeKey(TEXT("Target"), nullptr));
 	Middle->Parent = Base;
 	Child->Parent = Middle;
 	Child->UpdateParentKeys();

@@ -1,6 +1,7 @@
 // A guard's tree and blackboard for the tests, built as the behaviour tree editor would leave them.
 #pragma once
 
+#include "BehaviorTreeAssembly.h"
 #include "BehaviorTreeTestTypes.h"
 #include "BehaviorTree/BehaviorTree.h"
 #include "BehaviorTree/BlackboardData.h"
@@ -18,46 +19,16 @@
 #include "GameFramework/Actor.h"
 #include "Misc/PackageName.h"
 #include "UObject/Package.h"
-#include "UObject/UnrealType.h"
 
 namespace BehaviorTreeTestTrees
 {
+	using namespace BehaviorTreeAssembly;
+
 	template<class T>
 	T* MakeAsset(const TCHAR* PackageName)
 	{
 		UPackage* Package = CreatePackage(PackageName);
 		return NewObject<T>(Package, FName(*FPackageName::GetShortName(PackageName)), RF_Public | RF_Standalone | RF_Transactional);
-	}
-
-	inline FBlackboardEntry MakeKey(UBlackboardData* Blackboard, const TCHAR* Name, UBlackboardKeyType* KeyType, bool bInstanceSynced = false)
-	{
-		FBlackboardEntry Entry;
-		Entry.EntryName = FName(Name);
-		Entry.KeyType = KeyType;
-		Entry.bInstanceSynced = bInstanceSynced;
-		return Entry;
-	}
-
-	// The decorator's abort mode is not public in the engine either; its details panel sets it by reflection.
-	inline void SetFlowAbortMode(UBTDecorator* Decorator, EBTFlowAbortMode::Type Mode)
-	{
-		FProperty* Property = UBTDecorator::StaticClass()->FindPropertyByName(FName(TEXT("FlowAbortMode")));
-		*Property->ContainerPtrToValuePtr<uint8>(Decorator) = static_cast<uint8>(Mode);
-	}
-
-	inline FBTCompositeChild& AddChild(UBTCompositeNode* Parent, UBTNode* Child)
-	{
-		FBTCompositeChild& Entry = Parent->Children.AddDefaulted_GetRef();
-		if (UBTCompositeNode* Composite = Cast<UBTCompositeNode>(Child))
-		{
-			Entry.ChildComposite = Composite;
-		}
-		else
-		{
-			Entry.ChildTask = Cast<UBTTaskNode>(Child);
-		}
-		Child->InitializeNode(Parent, 0, 0, 0);
-		return Entry;
 	}
 
 	struct FGuardTree
@@ -78,17 +49,17 @@ namespace BehaviorTreeTestTrees
 		UBlackboardData* Blackboard = Guard.Blackboard;
 		UBlackboardKeyType_Object* TargetType = NewObject<UBlackboardKeyType_Object>(Blackboard);
 		TargetType->BaseClass = AActor::StaticClass();
-		Blackboard->Keys.Add(MakeKey(Blackboard, TEXT("Target"), TargetType));
+		Blackboard->Keys.Add(MakeKey(TEXT("Target"), TargetType));
 		UBlackboardKeyType_Enum* AlertnessType = NewObject<UBlackboardKeyType_Enum>(Blackboard);
 		AlertnessType->EnumType = StaticEnum<EGuardAlertness>();
-		Blackboard->Keys.Add(MakeKey(Blackboard, TEXT("Alertness"), AlertnessType, true));
-		Blackboard->Keys.Add(MakeKey(Blackboard, TEXT("Mood"), NewObject<UBlackboardKeyType_Enum>(Blackboard)));
+		Blackboard->Keys.Add(MakeKey(TEXT("Alertness"), AlertnessType, true));
+		Blackboard->Keys.Add(MakeKey(TEXT("Mood"), NewObject<UBlackboardKeyType_Enum>(Blackboard)));
 		UBlackboardKeyType_NativeEnum* NativeType = NewObject<UBlackboardKeyType_NativeEnum>(Blackboard);
 		NativeType->EnumName = TEXT("EGuardAlertness");
 		NativeType->EnumType = StaticEnum<EGuardAlertness>();
-		Blackboard->Keys.Add(MakeKey(Blackboard, TEXT("NativeAlertness"), NativeType));
-		Blackboard->Keys.Add(MakeKey(Blackboard, TEXT("HasSeenPlayer"), NewObject<UBlackboardKeyType_Bool>(Blackboard)));
-		Blackboard->Keys.Add(MakeKey(Blackboard, TEXT("Untyped"), nullptr));
+		Blackboard->Keys.Add(MakeKey(TEXT("NativeAlertness"), NativeType));
+		Blackboard->Keys.Add(MakeKey(TEXT("HasSeenPlayer"), NewObject<UBlackboardKeyType_Bool>(Blackboard)));
+		Blackboard->Keys.Add(MakeKey(TEXT("Untyped"), nullptr));
 
 		Guard.Tree = MakeAsset<UBehaviorTree>(*FString::Printf(TEXT("%s/BT_Guard"), Folder));
 		UBehaviorTree* Tree = Guard.Tree;
@@ -100,11 +71,11 @@ namespace BehaviorTreeTestTrees
 		Chase->NodeName = TEXT("Chase");
 		FBTCompositeChild& ChaseEntry = AddChild(Root, Chase);
 		UBTDecorator_Blackboard* HasTarget = NewObject<UBTDecorator_Blackboard>(Tree);
-		SetFlowAbortMode(HasTarget, EBTFlowAbortMode::LowerPriority);
+		SetPropertyText(HasTarget, TEXT("FlowAbortMode"), TEXT("LowerPriority"));
 		ChaseEntry.Decorators.Add(HasTarget);
 		UBTDecorator_TestCanSee* CanSee = NewObject<UBTDecorator_TestCanSee>(Tree);
 		CanSee->SetIsInversed(true);
-		SetFlowAbortMode(CanSee, EBTFlowAbortMode::Both);
+		SetPropertyText(CanSee, TEXT("FlowAbortMode"), TEXT("Both"));
 		CanSee->SightRange = 2000.f;
 		ChaseEntry.Decorators.Add(CanSee);
 		Chase->Services.Add(NewObject<UBTService_TestScan>(Tree));

@@ -4,6 +4,7 @@
 // the game module's HealthPool they give a search for Health matches of every kind.
 #include "CoreMinimal.h"
 #include "AssetRegistry/AssetRegistryModule.h"
+#include "BehaviorTreeAssembly.h"
 #include "BehaviorTree/BehaviorTree.h"
 #include "BehaviorTree/BehaviorTreeTypes.h"
 #include "BehaviorTree/BlackboardData.h"
@@ -34,9 +35,10 @@
 #include "SampleBlueprintBuilder.h"
 #include "UObject/Package.h"
 #include "UObject/SavePackage.h"
-#include "UObject/UnrealType.h"
 
 #include <cstdio>
+
+using namespace BehaviorTreeAssembly;
 
 namespace
 {
@@ -56,16 +58,6 @@ namespace
 		Args.TopLevelFlags = RF_Standalone;
 		const FString FileName = FPackageName::LongPackageNameToFilename(Package->GetName(), FPackageName::GetAssetPackageExtension());
 		return UPackage::Save(Package, Asset, *FileName, Args).IsSuccessful();
-	}
-
-	// Sets a property by its text, as the details panel does; the nodes keep most of theirs protected.
-	void SetPropertyText(UObject* Object, const TCHAR* Name, const TCHAR* Text)
-	{
-		FProperty* Property = Object->GetClass()->FindPropertyByName(FName(Name));
-		if (Property == nullptr || Property->ImportText_Direct(Text, Property->ContainerPtrToValuePtr<void>(Object), Object, PPF_None) == nullptr)
-		{
-			std::fprintf(stderr, "can't set %s of %s\n", TCHAR_TO_UTF8(Name), TCHAR_TO_UTF8(*Object->GetName()));
-		}
 	}
 
 	/** A Blueprint node class: a Blueprint of the given base with one float variable, compiled. */
@@ -114,15 +106,6 @@ namespace
 		return Guard;
 	}
 
-	FBlackboardEntry MakeKey(const TCHAR* Name, UBlackboardKeyType* KeyType, bool bInstanceSynced = false)
-	{
-		FBlackboardEntry Entry;
-		Entry.EntryName = FName(Name);
-		Entry.KeyType = KeyType;
-		Entry.bInstanceSynced = bInstanceSynced;
-		return Entry;
-	}
-
 	UBlackboardData* MakeBlackboard()
 	{
 		UBlackboardData* Blackboard = MakeAsset<UBlackboardData>(TEXT("/Game/AI/BB_Guard"));
@@ -138,21 +121,6 @@ namespace
 		// An enum key whose enum was never picked; shared by every guard.
 		Blackboard->Keys.Add(MakeKey(TEXT("Mood"), NewObject<UBlackboardKeyType_Enum>(Blackboard), true));
 		return Blackboard;
-	}
-
-	FBTCompositeChild& AddChild(UBTCompositeNode* Parent, UBTNode* Child)
-	{
-		FBTCompositeChild& Entry = Parent->Children.AddDefaulted_GetRef();
-		if (UBTCompositeNode* Composite = Cast<UBTCompositeNode>(Child))
-		{
-			Entry.ChildComposite = Composite;
-		}
-		else
-		{
-			Entry.ChildTask = Cast<UBTTaskNode>(Child);
-		}
-		Child->InitializeNode(Parent, 0, 0, 0);
-		return Entry;
 	}
 
 	template<class T>
