@@ -78,6 +78,14 @@ TEST(FindInSources, SourcesThenPluginsCppBeforeHeadersMatchedByPathOrTextIgnorin
 		Large[Across + Index] = static_cast<uint8>("hEaLtH"[Index]);
 	}
 	WriteBytes(Dir + TEXT("Source/Game/Large.cpp"), Large);
+	// A match across the quarters of a block, which are searched side by side.
+	TArray<uint8> Medium;
+	Medium.Init('x', 4000);
+	for (int32 Index = 0; Index < 6; ++Index)
+	{
+		Medium[997 + Index] = static_cast<uint8>("Health"[Index]);
+	}
+	WriteBytes(Dir + TEXT("Source/Game/Medium.cpp"), Medium);
 	// UTF-16 text is read as text; a UTF-8 file with letters beyond ASCII around the match too.
 	FFileHelper::SaveStringToFile(TEXT("// Gesundheit: Health"), *(Dir + TEXT("Source/Game/Wide.cpp")), FFileHelper::EEncodingOptions::ForceUnicode);
 	FObjectTestProject::WriteFile(Dir + TEXT("Source/Game/Accents.h"), TEXT("// Santé Health über"));
@@ -90,6 +98,7 @@ TEST(FindInSources, SourcesThenPluginsCppBeforeHeadersMatchedByPathOrTextIgnorin
 	EXPECT_EQ(Describe(Result, TEXT("cpp_references"), Full), (TArray<FString>{
 		TEXT("Type=cpp or h File|Name=Guard.cpp|Path=Source/Game/Guard.cpp"),
 		TEXT("Type=cpp or h File|Name=Large.cpp|Path=Source/Game/Large.cpp"),
+		TEXT("Type=cpp or h File|Name=Medium.cpp|Path=Source/Game/Medium.cpp"),
 		TEXT("Type=cpp or h File|Name=Wide.cpp|Path=Source/Game/Wide.cpp"),
 		TEXT("Type=cpp or h File|Name=Accents.h|Path=Source/Game/Accents.h"),
 		TEXT("Type=cpp or h File|Name=Guard.h|Path=Source/Game/Guard.h"),
@@ -101,6 +110,14 @@ TEST(FindInSources, SourcesThenPluginsCppBeforeHeadersMatchedByPathOrTextIgnorin
 
 	// Beyond ASCII the search string is compared as text.
 	EXPECT_EQ(Describe(Find(TEXT("Santé")), TEXT("cpp_references"), Full), (TArray<FString>{TEXT("Type=cpp or h File|Name=Accents.h|Path=Source/Game/Accents.h")}));
+	// Repeats inside the string must not make the search skip past a match.
+	FObjectTestProject::WriteFile(Dir + TEXT("Plugins/Medic/Source/Echo.h"), TEXT("// hehehEHEal hEhEhealth"));
+	EXPECT_EQ(Describe(Find(TEXT("HeHeHealth")), TEXT("cpp_references"), Full), (TArray<FString>{TEXT("Type=cpp or h File|Name=Echo.h|Path=Plugins/Medic/Source/Echo.h")}));
+	EXPECT_EQ(Describe(Find(TEXT("X")), TEXT("cpp_references"), Full), (TArray<FString>{
+		TEXT("Type=cpp or h File|Name=Large.cpp|Path=Source/Game/Large.cpp"),
+		TEXT("Type=cpp or h File|Name=Medium.cpp|Path=Source/Game/Medium.cpp"),
+		TEXT("Type=cpp or h File|Name=Guard.h|Path=Source/Game/Guard.h"),
+	}));
 	// The string is not trimmed: a space belongs to it.
 	EXPECT_EQ(Describe(Find(TEXT(" Health ")), TEXT("cpp_references"), Full), (TArray<FString>{
 		TEXT("Type=cpp or h File|Name=Guard.cpp|Path=Source/Game/Guard.cpp"),

@@ -21,13 +21,19 @@ public:
 
 private:
 	bool SearchDecodedText(const FString& FilePath, bool& bOutContains) const;
-	// Offset of the first match in the bytes, or INDEX_NONE.
-	int64 FindInBytes(const uint8* Data, int64 Num) const;
+	// Whether the bytes hold the string, ignoring case.
+	bool ContainsInBytes(const uint8* Data, int64 Num) const;
+	// Moves End on through the bytes up to Limit; true when a match ends at End.
+	bool Advance(const uint8* Data, int64& End, int64 Limit) const;
+	bool MatchEndsAt(const uint8* Data, int64 End) const;
 
 	FString SearchString;
-	// The string's bytes with ASCII letters upper-cased, and the distance to shift for each folded byte.
+	// The string's bytes with ASCII letters upper-cased.
 	TArray<uint8> FoldedBytes;
-	uint32 ShiftByFoldedByte[256];
+	// How far the search may move on for the two bytes that end the text under the string, by a small
+	// hash of them that stays in the first-level cache. Pairs of the string are rare in other text, so
+	// the search mostly moves on by almost the string's length.
+	TArray<uint8> ShiftByPairHash;
 	bool bSearchBytes = true;
 	TArray<uint8> Buffer;
 };
