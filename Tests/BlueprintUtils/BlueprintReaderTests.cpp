@@ -1,5 +1,6 @@
 // The Blueprint document: exact sections of the sample Blueprints, subsets, the content filter, lookups.
 #include "BlueprintUtilsTestSupport.h"
+#include "Engine/StaticMeshActor.h"
 #include "GameFramework/Actor.h"
 
 namespace
@@ -52,7 +53,7 @@ TEST_F(FBlueprintUtilsTest, VariablesSectionHoldsTypesAndDefaults)
 	EXPECT_EQ(KeysOf(Document), TArray<FString>({ TEXT("Name"), TEXT("Path"), TEXT("ParentClass"), TEXT("Variables") }));
 	EXPECT_EQ(Document->GetStringField(TEXT("Name")), TEXT("BP_Showcase"));
 	EXPECT_EQ(Document->GetStringField(TEXT("Path")), TEXT("/Game/Blueprints/BP_Showcase.BP_Showcase"));
-	EXPECT_EQ(Document->GetStringField(TEXT("ParentClass")), TEXT("Actor"));
+	EXPECT_EQ(Document->GetStringField(TEXT("ParentClass")), TEXT("StaticMeshActor"));
 
 	const TSharedPtr<FJsonObject> Variables = Document->GetObjectField(TEXT("Variables"));
 	EXPECT_EQ(Condensed(Variables->GetObjectField(TEXT("Health"))), TEXT(R"({"Type":{"Category":"real","SubCategory":"double","Container":"None","Flags":[]},"Value":"100.000000"})"));
@@ -63,7 +64,7 @@ TEST_F(FBlueprintUtilsTest, VariablesSectionHoldsTypesAndDefaults)
 	EXPECT_EQ(Variables->GetObjectField(TEXT("Target"))->GetStringField(TEXT("Value")), TEXT("None"));
 	EXPECT_EQ(Variables->GetObjectField(TEXT("SpawnClass"))->GetObjectField(TEXT("Type"))->GetStringField(TEXT("Category")), TEXT("class"));
 	EXPECT_EQ(Variables->GetObjectField(TEXT("Waypoints"))->GetObjectField(TEXT("Type"))->GetStringField(TEXT("Container")), TEXT("Array"));
-	EXPECT_EQ(Variables->GetObjectField(TEXT("Tags"))->GetObjectField(TEXT("Type"))->GetStringField(TEXT("Container")), TEXT("Set"));
+	EXPECT_EQ(Variables->GetObjectField(TEXT("Labels"))->GetObjectField(TEXT("Type"))->GetStringField(TEXT("Container")), TEXT("Set"));
 
 	// Blueprint-visible natives show with the default filter; an actor's hidden bookkeeping doesn't.
 	EXPECT_TRUE(Variables->HasField(TEXT("InitialLifeSpan")));
@@ -77,8 +78,10 @@ TEST_F(FBlueprintUtilsTest, FunctionsAndGraphsShowNodesPinsAndLinks)
 	ASSERT_NE(FSampleBlueprintBuilder::MakeShowcase(Asset(TEXT("BP_Showcase"))), nullptr);
 	const TSharedPtr<FJsonObject> Document = Read(TEXT("BP_Showcase"), TEXT("all"));
 	ASSERT_TRUE(Document.IsValid());
-	// No components on a plain actor's default object, and no interfaces: those sections are left out.
-	EXPECT_EQ(KeysOf(Document), TArray<FString>({ TEXT("Name"), TEXT("Path"), TEXT("ParentClass"), TEXT("Variables"), TEXT("Functions"), TEXT("Graphs") }));
+	// No interfaces: that section is left out.
+	EXPECT_EQ(KeysOf(Document), TArray<FString>({ TEXT("Name"), TEXT("Path"), TEXT("ParentClass"), TEXT("Variables"), TEXT("Functions"), TEXT("Components"), TEXT("Graphs") }));
+	// The mesh its native parent makes is on the default object.
+	EXPECT_EQ(Condensed(Document->GetArrayField(TEXT("Components"))[0]->AsObject()), TEXT(R"({"Name":"StaticMeshComponent0","ClassName":"StaticMeshComponent"})"));
 
 	const TArray<TSharedPtr<FJsonValue>>& Functions = Document->GetArrayField(TEXT("Functions"));
 	const TSharedPtr<FJsonObject> ApplyDamage = FindEntry(Functions, TEXT("Name"), TEXT("ApplyDamage"));
@@ -136,7 +139,7 @@ TEST_F(FBlueprintUtilsTest, SubsetsAndLookupsByName)
 	// Class lookups: native classes by short name, Blueprints by their generated class.
 	EXPECT_EQ(FTavrineBlueprintUtils::GetBlueprintClassFromBlueprintName(TEXT("Actor")), AActor::StaticClass());
 	EXPECT_EQ(FTavrineBlueprintUtils::GetBlueprintClassFromBlueprintName(TEXT("BP_SHOWCASE")), Showcase->GeneratedClass.Get());
-	EXPECT_EQ(FTavrineBlueprintUtils::FindFirstCppImplementedParentClass(Showcase->GeneratedClass), AActor::StaticClass());
+	EXPECT_EQ(FTavrineBlueprintUtils::FindFirstCppImplementedParentClass(Showcase->GeneratedClass), AStaticMeshActor::StaticClass());
 	EXPECT_EQ(FTavrineBlueprintUtils::FindFirstCppImplementedParentClass(nullptr), nullptr);
 }
 
@@ -162,6 +165,9 @@ TEST_F(FBlueprintUtilsTest, InheritanceAndInterfacesInTheDocument)
 	ASSERT_TRUE(ApplyDamage.IsValid());
 	EXPECT_FALSE(ApplyDamage->HasField(TEXT("EdGraph")));
 
+	// A plain actor's default object holds no component, and an interface is no actor: no "Components".
+	EXPECT_FALSE(Read(TEXT("BP_Door"), TEXT("All"))->HasField(TEXT("Components")));
+	EXPECT_FALSE(Read(TEXT("BPI_Interactable"), TEXT("All"))->HasField(TEXT("Components")));
 	const TSharedPtr<FJsonObject> Door = Read(TEXT("BP_Door"), TEXT("Interfaces"));
 	const TArray<TSharedPtr<FJsonValue>>& Interfaces = Door->GetArrayField(TEXT("Interfaces"));
 	ASSERT_EQ(Interfaces.Num(), 1);

@@ -435,8 +435,13 @@ namespace UnrealEd::Private
 			Function->FunctionFlags |= FUNC_HasOutParms;
 		}
 		Function->StaticLink(true);
-		Function->Next = Class->Children;
-		Class->Children = Function;
+		// Functions keep the order they were made in, which is also the order a load gives them.
+		UField** Tail = &Class->Children;
+		while (*Tail != nullptr)
+		{
+			Tail = &(*Tail)->Next;
+		}
+		*Tail = Function;
 		Class->AddFunctionToFunctionMap(Function, Name);
 		return Function;
 	}
@@ -600,7 +605,11 @@ namespace UnrealEd::Private
 				}
 				const UClass* OldOwner = OldProperty->GetOwnerClass();
 				const bool bInheritedUnchanged = OldParentDefaults != nullptr && OldOwner != nullptr && OldParentDefaults->IsA(OldOwner) && OldProperty->Identical_InContainer(OldDefaults, OldParentDefaults);
-				if (bInheritedUnchanged)
+				// Subobjects of the old defaults (components made by a constructor) stay with them: the new
+				// defaults have their own.
+				const FObjectPropertyBase* ObjectProperty = CastField<FObjectPropertyBase>(OldProperty);
+				const UObject* Held = ObjectProperty != nullptr ? ObjectProperty->GetObjectPropertyValue_InContainer(OldDefaults) : nullptr;
+				if (bInheritedUnchanged || (Held != nullptr && Held->IsIn(OldDefaults)) || OldProperty->HasAnyPropertyFlags(CPF_InstancedReference | CPF_ContainsInstancedReference))
 				{
 					continue;
 				}
