@@ -201,6 +201,44 @@ namespace
 	}
 }
 
+namespace
+{
+	// Classes linked while their super class was still being made (a property of the super names the
+	// subclass, as a node names its parent composite): their property chains lack the super's part.
+	TArray<UClass*>& ClassesLinkedEarly()
+	{
+		static TArray<UClass*> Classes;
+		return Classes;
+	}
+
+	bool IsLinkedEarly(const UClass* Class)
+	{
+		return Class != nullptr && ClassesLinkedEarly().Contains(Class);
+	}
+
+	// Links again each early class whose super is now complete, supers before subclasses.
+	void RelinkClassesLinkedEarly()
+	{
+		TArray<UClass*>& Early = ClassesLinkedEarly();
+		for (bool bRelinked = true; bRelinked;)
+		{
+			bRelinked = false;
+			for (int32 Index = 0; Index < Early.Num(); ++Index)
+			{
+				UClass* Super = Early[Index]->GetSuperClass();
+				if (Super != nullptr && Super->HasAnyClassFlags(CLASS_Constructed) && !IsLinkedEarly(Super))
+				{
+					UClass* Class = Early[Index];
+					Early.RemoveAt(Index);
+					Class->StaticLink();
+					bRelinked = true;
+					break;
+				}
+			}
+		}
+	}
+}
+
 namespace UECodeGen_Private
 {
 	void ConstructUClass(UClass*& OutClass, const FClassParams& Params)
@@ -262,6 +300,14 @@ namespace UECodeGen_Private
 		AddMetaData(NewClass, Params.MetaData, Params.NumMetaData);
 		NewClass->StaticLink();
 		NewClass->ClassFlags |= CLASS_Constructed;
+		if (SuperClass != nullptr && (!SuperClass->HasAnyClassFlags(CLASS_Constructed) || IsLinkedEarly(SuperClass)))
+		{
+			ClassesLinkedEarly().Add(NewClass);
+		}
+		if (ClassesLinkedEarly().Num() > 0)
+		{
+			RelinkClassesLinkedEarly();
+		}
 	}
 
 	void ConstructUScriptStruct(UScriptStruct*& OutStruct, const FStructParams& Params)

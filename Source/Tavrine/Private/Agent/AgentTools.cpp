@@ -45,9 +45,9 @@ const FAgent::FToolEntry* FAgent::FindTool(const FString& Name)
 		{ TEXT("create_blueprint"), &FAgent::HandleCreateBlueprint },
 		{ TEXT("read_blueprint"), &FAgent::HandleReadBlueprint },
 		{ TEXT("modify_blueprint_variables"), nullptr },
-		{ TEXT("read_behavior_tree"), nullptr },
+		{ TEXT("read_behavior_tree"), &FAgent::HandleReadBehaviorTree },
 		{ TEXT("save_and_compile_all_dirty_blueprints"), &FAgent::HandleSaveAndCompileAllDirtyBlueprints },
-		{ TEXT("find_reference_in_all_files"), nullptr },
+		{ TEXT("find_reference_in_all_files"), &FAgent::HandleFindReferenceInAllFiles },
 	};
 
 	for (const FToolEntry& Tool : Tools)

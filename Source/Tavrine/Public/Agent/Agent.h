@@ -165,6 +165,10 @@ private:
 	FString HandleReadFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 	FString HandleGetFilesystemTree(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 
+	// Read-only tools over the whole project: the reference search and the behaviour tree reader.
+	FString HandleFindReferenceInAllFiles(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleReadBehaviorTree(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+
 	EAgentState State = EAgentState::None;
 	FString ConversationId;
 	FString UndoConversationId;
