@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
-# Configures and builds everything into build/ (BUILD_DIR and BUILD_TYPE override).
+# Installs what is missing, then configures and builds everything into build/ (BUILD_DIR and BUILD_TYPE
+# override; BUILD_TYPE=Sanitize builds with AddressSanitizer and UndefinedBehaviorSanitizer).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 BUILD_DIR="${BUILD_DIR:-build}"
 BUILD_TYPE="${BUILD_TYPE:-Check}"
+bash Scripts/install-deps.sh
 cmake -S . -B "$BUILD_DIR" -DCMAKE_BUILD_TYPE="$BUILD_TYPE" >/dev/null
 cmake --build "$BUILD_DIR" -j"$(nproc)"
