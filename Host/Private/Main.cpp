@@ -1,6 +1,8 @@
 // The editor stand-in: loads a project, starts the Tavrine module, turns the engine loop and drives the
 // chat facade from the command line or the terminal.
 #include "ConsoleChat.h"
+#include "HostAgentStatus.h"
+#include "HostCommands.h"
 #include "HostOptions.h"
 #include "HostProject.h"
 #include "HostSourceControl.h"
@@ -34,85 +36,26 @@ namespace
 		ExitTurnFailed = 1,
 		ExitBadUsage = 2,
 		ExitTimedOut = 3,
+		ExitCallsWaiting = 4,
 	};
 
-	// A turn is over when the agent waits for the user, or is back in Idle, and nothing is on the wire:
-	// after `finish` the agent already waits while its last result is still being posted.
-	bool IsSettled()
+	// Says once, each time a turn ends with tool calls waiting for approval, how to go on.
+	class FWaitingCallsNotice
 	{
-		const EAgentState State = FAgent::Get().GetState();
-		const bool bWaiting = State == EAgentState::Idle || State == EAgentState::AwaitingUpdate || State == EAgentState::AwaitingApproval || State == EAgentState::Pause;
-		return bWaiting && FHttpModule::Get().GetHttpManager().GetNumActiveRequests() == 0;
-	}
+	public:
+		void Update()
+		{
+			const int32 Waiting = HostAgentStatus::IsSettled() ? HostAgentStatus::CountWaitingCalls() : 0;
+			if (Waiting > 0 && !bShown)
+			{
+				std::printf("%s\n", HostAgentStatus::DescribeWaitingCalls(Waiting, true).c_str());
+			}
+			bShown = Waiting > 0;
+		}
 
-	void PrintState()
-	{
-		std::printf("(agent state %d)\n", static_cast<int>(FAgent::Get().GetState()));
-	}
-
-	// One typed line: plain text is the next message, "/" starts a command. Gives false for /quit.
-	bool HandleLine(const std::string& Line)
-	{
-		FTavrineInterface& Interface = FTavrineInterface::Get();
-		const FString Text = UTF8_TO_TCHAR(Line.c_str());
-		FString Command;
-		FString Argument;
-		if (!Text.StartsWith(TEXT("/")))
-		{
-			const EAgentState State = FAgent::Get().GetState();
-			if (State == EAgentState::Idle)
-			{
-				Interface.InitialRequest(Text);
-			}
-			else if (State == EAgentState::AwaitingUpdate)
-			{
-				Interface.RegularRequest(Text);
-			}
-			else
-			{
-				std::printf("The agent is busy: /continue TEXT answers it, /pause or /cancel stop it.\n");
-			}
-			return true;
-		}
-		if (!Text.Split(TEXT(" "), &Command, &Argument))
-		{
-			Command = Text;
-		}
-		Argument.TrimStartAndEndInline();
-		if (Command == TEXT("/quit") || Command == TEXT("/exit"))
-		{
-			return false;
-		}
-		if (Command == TEXT("/continue"))
-		{
-			Interface.Continue(Argument);
-		}
-		else if (Command == TEXT("/approve"))
-		{
-			Interface.Approve();
-		}
-		else if (Command == TEXT("/pause"))
-		{
-			Interface.PauseRequest();
-		}
-		else if (Command == TEXT("/cancel"))
-		{
-			Interface.CancelRequest(Argument);
-		}
-		else if (Command == TEXT("/end"))
-		{
-			Interface.EndRequest(Argument);
-		}
-		else if (Command == TEXT("/state"))
-		{
-			PrintState();
-		}
-		else
-		{
-			std::fputs(GetHostUsage(), stdout);
-		}
-		return true;
-	}
+	private:
+		bool bShown = false;
+	};
 
 	int RunHost(const FHostOptions& Options)
 	{
@@ -163,12 +106,12 @@ namespace
 		}
 		int ExitCode = ExitOk;
 		{
-			FConsoleChat Chat(Options.bColor);
+			FConsoleChat Chat(Options.bColor, LogDevice);
 			bool bQuit = false;
 			if (!Options.Prompt.empty())
 			{
 				FTavrineInterface::Get().InitialRequest(UTF8_TO_TCHAR(Options.Prompt.c_str()));
-				const bool bSettled = FStandInEngineLoop::PumpUntil([]() { return IsSettled(); }, Options.TimeoutSeconds);
+				const bool bSettled = FStandInEngineLoop::PumpUntil([]() { return HostAgentStatus::IsSettled(); }, Options.TimeoutSeconds);
 				if (!bSettled)
 				{
 					std::fprintf(stderr, "tavrine: no answer within %.0f seconds\n", Options.TimeoutSeconds);
@@ -179,22 +122,30 @@ namespace
 				{
 					ExitCode = ExitTurnFailed;
 				}
+				else if (const int32 Waiting = HostAgentStatus::CountWaitingCalls(); Waiting > 0 && !Options.bInteractive)
+				{
+					std::printf("%s\n", HostAgentStatus::DescribeWaitingCalls(Waiting, false).c_str());
+					ExitCode = ExitCallsWaiting;
+				}
 				bQuit = !Options.bInteractive;
 			}
 			if (!bQuit)
 			{
 				std::printf("Type a message, or /help.\n");
+				FHostCommands Commands;
+				FWaitingCallsNotice WaitingCalls;
 				FTerminalInput Input;
-				FStandInEngineLoop::PumpUntil([&Input]()
+				FStandInEngineLoop::PumpUntil([&Input, &Commands, &WaitingCalls]()
 				{
+					WaitingCalls.Update();
 					while (std::optional<std::string> Line = Input.PopLine())
 					{
-						if (!HandleLine(*Line))
+						if (!Commands.HandleLine(*Line))
 						{
 							return true;
 						}
 					}
-					return Input.IsFinished() && IsSettled();
+					return Input.IsFinished() && HostAgentStatus::IsSettled();
 				}, 1.0e9);
 				ExitCode = ExitOk;
 			}
@@ -208,6 +159,8 @@ namespace
 int main(int ArgC, char** ArgV)
 {
 	FStandInMemory::KeepFreedMemoryForReuse();
+	// Each line goes out as it is written, so output piped to a file or a program keeps its order.
+	std::setvbuf(stdout, nullptr, _IOLBF, 0);
 	std::string Error;
 	const std::optional<FHostOptions> Options = ParseHostOptions(ArgC, ArgV, TAVRINE_DEFAULT_PROJECT, Error);
 	if (!Options)

@@ -421,3 +421,54 @@ TEST_F(HttpClientTest, LargeBinaryAndNonUtf8BodiesArriveByteForByte)
 	EXPECT_EQ(Odd.Response->GetContentType(), TEXT("application/json"));
 	EXPECT_TRUE(Odd.Response->GetAllHeaders().Contains(TEXT("Connection: keep-alive")));
 }
+
+TEST_F(HttpClientTest, PostOnADyingConnectionFailsOnceWhileReadsKeepTheirConnection)
+{
+	StartBackend(R"([ { "command": { "close": true } }, {} ])", *Certificate);
+	// A read first, so a kept-alive connection is there for the POST to reuse if it were allowed to.
+	FCompletion Read;
+	ASSERT_TRUE(MakeRequest(TEXT("GET"), Url("/status?request_id=req-0"), Read)->ProcessRequest());
+	ASSERT_TRUE(PumpUntilCompleted(Read));
+	ASSERT_TRUE(Read.bConnectedSuccessfully);
+
+	FCompletion Dropped;
+	FHttpRequestRef Post = MakeRequest(TEXT("POST"), Url("/command"), Dropped);
+	Post->SetContentAsString(TEXT("{\"message\": \"once\"}"));
+	ASSERT_TRUE(Post->ProcessRequest());
+	ASSERT_TRUE(PumpUntilCompleted(Dropped));
+	ExpectFailure(Dropped, EHttpFailureReason::ConnectionError);
+	ASSERT_EQ(Backend.GetRequestCount(), 2u) << "libcurl sent the POST again";
+	EXPECT_EQ(Backend.GetRequests()[1].Method, "POST");
+
+	// The server stays usable, and the next POST takes the next turn.
+	FCompletion Next;
+	ASSERT_TRUE(MakeRequest(TEXT("POST"), Url("/command"), Next)->ProcessRequest());
+	ASSERT_TRUE(PumpUntilCompleted(Next));
+	EXPECT_TRUE(Next.bConnectedSuccessfully);
+}
+
+TEST_F(HttpClientTest, BodiesBeyondTheBoundFailInsteadOfBeingHeld)
+{
+	StartBackend("[]", *Certificate);
+	const int64 Bound = 64 * 1024;
+	FHttpStandInSettings::SetMaxResponseBodyBytes(Bound);
+	FScenario Scenario;
+	Scenario.Turns.resize(2);
+	Scenario.Turns[0].Command.bHasBody = true;
+	Scenario.Turns[0].Command.Body.assign(static_cast<size_t>(Bound), 'a');
+	Scenario.Turns[1].Command.bHasBody = true;
+	Scenario.Turns[1].Command.Body.assign(static_cast<size_t>(Bound) + 1, 'b');
+	Backend.SetScenario(Scenario);
+
+	FCompletion AtBound;
+	ASSERT_TRUE(MakeRequest(TEXT("POST"), Url("/command"), AtBound)->ProcessRequest());
+	ASSERT_TRUE(PumpUntilCompleted(AtBound));
+	ASSERT_TRUE(AtBound.Response.IsValid());
+	EXPECT_EQ(AtBound.Response->GetContentLength(), static_cast<uint64>(Bound));
+
+	FCompletion Beyond;
+	ASSERT_TRUE(MakeRequest(TEXT("POST"), Url("/command"), Beyond)->ProcessRequest());
+	ASSERT_TRUE(PumpUntilCompleted(Beyond));
+	FHttpStandInSettings::SetMaxResponseBodyBytes(FHttpStandInSettings::DefaultMaxResponseBodyBytes);
+	ExpectFailure(Beyond, EHttpFailureReason::Other);
+}
