@@ -1,5 +1,6 @@
 #include "AgentTestFixture.h"
 
+#include "AgentConversationReset.h"
 #include "Containers/StringConv.h"
 #include "FakeHttpResponse.h"
 #include "HAL/StandInClock.h"
@@ -23,17 +24,8 @@ void FAgentTest::SetUp()
 		// The test answers in the backend's place; the request itself must never complete.
 		Request->OnProcessRequestComplete().Unbind();
 	}));
+	ResetAgentConversation();
 	FAgent& Agent = FAgent::Get();
-	Agent.Cancel(FString());
-	// Only Continue settles calls that an earlier test left waiting.
-	if (!Agent.GetPendingToolUses().IsEmpty())
-	{
-		const FAgentStateData Data(TEXT("reset"));
-		Agent.SetState(EAgentState::Continue, &Data);
-		Agent.Cancel(FString());
-	}
-	Agent.ClearMessages();
-	Agent.ClearToolResults();
 
 	Sent.Empty();
 	ChatHandle = FTavrineInterface::Get().OnAddStatusMessageDelegate.AddLambda([this](const FString& Text, const FLinearColor& Color, const FName& FontName, float FontSize)

@@ -4,6 +4,7 @@
 // leave the scratch project, so a mutated answer can't reach the machine outside it.
 
 #include "API/HTTPAPI.h"
+#include "AgentConversationReset.h"
 #include "Agent/Agent.h"
 #include "Agent/TavrineInterface.h"
 #include "FakeHttpResponse.h"
@@ -112,20 +113,6 @@ namespace
 		}
 	}
 
-	void ResetConversation()
-	{
-		FAgent& Agent = FAgent::Get();
-		Agent.Cancel(FString());
-		if (!Agent.GetPendingToolUses().IsEmpty())
-		{
-			const FAgentStateData Data(TEXT("reset"));
-			Agent.SetState(EAgentState::Continue, &Data);
-			Agent.Cancel(FString());
-		}
-		Agent.ClearMessages();
-		Agent.ClearToolResults();
-	}
-
 	void Answer(void (FHTTPAPI::*Handler)(FHttpRequestPtr, FHttpResponsePtr, bool), int32 Code, const FString& Content)
 	{
 		(FHTTPAPI::Get().*Handler)(nullptr, MakeShared<FFakeHttpResponse, ESPMode::ThreadSafe>(Code, Content), true);
@@ -152,7 +139,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, size_t Size)
 	// The first byte picks the mode, and which answer the bytes stand for.
 	const uint8 Choice = Data[0];
 	GetMutableDefault<UTavrineSettings>()->Mode = (Choice & 1) != 0 ? ETavrineMode::ExplainerAndImplementerMode : ETavrineMode::ExplainerMode;
-	ResetConversation();
+	ResetAgentConversation();
 	FTavrineInterface::Get().InitialRequest(TEXT("Fuzz"));
 	if ((Choice & 2) != 0)
 	{
@@ -168,6 +155,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, size_t Size)
 			FTavrineInterface::Get().Continue(FString());
 		}
 	}
-	ResetConversation();
+	ResetAgentConversation();
 	return 0;
 }
