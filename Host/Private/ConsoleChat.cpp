@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 
 namespace
 {
@@ -21,8 +22,9 @@ namespace
 	}
 }
 
-FConsoleChat::FConsoleChat(bool bInColor)
+FConsoleChat::FConsoleChat(bool bInColor, FConsoleLogDevice& InLog)
 	: bColor(bInColor)
+	, Log(InLog)
 {
 	FTavrineInterface& Interface = FTavrineInterface::Get();
 	StatusHandle = Interface.OnAddStatusMessageDelegate.AddRaw(this, &FConsoleChat::PrintStatus);
@@ -47,6 +49,14 @@ void FConsoleChat::PrintStatus(const FString& Text, const FLinearColor& Color, c
 		Line = Style + Line + "\033[0m";
 	}
 	std::printf("%s\n", Line.c_str());
+	if (Text.Contains(TEXT("Request Failed")))
+	{
+		const std::string Reason = Log.TakeTransportFailure();
+		if (!Reason.empty())
+		{
+			std::printf(bColor ? "\033[2m%s\033[0m\n" : "%s\n", Reason.c_str());
+		}
+	}
 	std::fflush(stdout);
 	// The prompt log keeps what the chat shows, but for passing notices.
 	if (!bPassingNotice)
@@ -90,9 +100,25 @@ void FConsoleChat::PrintDiff(const FString& Path, const FString& OldText, const 
 void FConsoleLogDevice::Serialize(const TCHAR* Text, ELogVerbosity::Type Verbosity, const FName& Category)
 {
 	const ELogVerbosity::Type Level = static_cast<ELogVerbosity::Type>(Verbosity & ELogVerbosity::VerbosityMask);
+	static const FName LogHttpName(TEXT("LogHttp"));
+	if (Category == LogHttpName && Level == ELogVerbosity::Warning)
+	{
+		std::lock_guard<std::mutex> Lock(Mutex);
+		TransportFailure = "LogHttp: " + ToUtf8(Text);
+		if (!bVerbose)
+		{
+			return;
+		}
+	}
 	if (!bVerbose && Level > ELogVerbosity::Warning)
 	{
 		return;
 	}
 	std::fprintf(stderr, "%s: %s: %s\n", ToUtf8(Category.ToString()).c_str(), TCHAR_TO_UTF8(ToString(Level)), TCHAR_TO_UTF8(Text));
+}
+
+std::string FConsoleLogDevice::TakeTransportFailure()
+{
+	std::lock_guard<std::mutex> Lock(Mutex);
+	return std::exchange(TransportFailure, std::string());
 }

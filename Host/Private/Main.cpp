@@ -1,6 +1,8 @@
 // The editor stand-in: loads a project, starts the Tavrine module, turns the engine loop and drives the
 // chat facade from the command line or the terminal.
 #include "ConsoleChat.h"
+#include "HostAgentStatus.h"
+#include "HostCommands.h"
 #include "HostOptions.h"
 #include "HostProject.h"
 #include "HostSourceControl.h"
@@ -42,23 +44,26 @@ namespace
 		ExitTurnFailed = 1,
 		ExitBadUsage = 2,
 		ExitTimedOut = 3,
+		ExitCallsWaiting = 4,
 	};
 
-	// A turn is over when the agent waits for the user, or is back in Idle, and nothing is on the wire:
-	// after `finish` the agent already waits while its last result is still being posted.
-	bool IsSettled()
+	// Says once, each time a turn ends with tool calls waiting for approval, how to go on.
+	class FWaitingCallsNotice
 	{
-		const EAgentState State = FAgent::Get().GetState();
-		const bool bWaiting = State == EAgentState::Idle || State == EAgentState::AwaitingUpdate || State == EAgentState::AwaitingApproval || State == EAgentState::Pause;
-		return bWaiting && FHttpModule::Get().GetHttpManager().GetNumActiveRequests() == 0;
-	}
+	public:
+		void Update()
+		{
+			const int32 Waiting = HostAgentStatus::IsSettled() ? HostAgentStatus::CountWaitingCalls() : 0;
+			if (Waiting > 0 && !bShown)
+			{
+				std::printf("%s\n", HostAgentStatus::DescribeWaitingCalls(Waiting, true).c_str());
+			}
+			bShown = Waiting > 0;
+		}
 
-	// Whether the last conversation can be undone or redone, as the chat's buttons would show it.
-	std::string UndoRedoAvailability()
-	{
-		const FTavrineInterface& Interface = FTavrineInterface::Get();
-		return std::string("undo ") + (Interface.CanUndo() ? "available" : "unavailable") + ", redo " + (Interface.CanRedo() ? "available" : "unavailable");
-	}
+	private:
+		bool bShown = false;
+	};
 
 	// Set by Ctrl+C or a termination request, so that the browser window's host shuts the plugin down cleanly.
 	std::atomic<bool> GQuitRequested{false};
@@ -66,83 +71,6 @@ namespace
 	void RequestQuit(int)
 	{
 		GQuitRequested = true;
-	}
-
-	void PrintState()
-	{
-		std::printf("(agent state %d; %s)\n", static_cast<int>(FAgent::Get().GetState()), UndoRedoAvailability().c_str());
-	}
-
-	// One typed line: plain text is the next message, "/" starts a command. Gives false for /quit.
-	bool HandleLine(const std::string& Line)
-	{
-		FTavrineInterface& Interface = FTavrineInterface::Get();
-		const FString Text = UTF8_TO_TCHAR(Line.c_str());
-		FString Command;
-		FString Argument;
-		if (!Text.StartsWith(TEXT("/")))
-		{
-			const EAgentState State = FAgent::Get().GetState();
-			if (State == EAgentState::Idle)
-			{
-				Interface.InitialRequest(Text);
-			}
-			else if (State == EAgentState::AwaitingUpdate)
-			{
-				Interface.RegularRequest(Text);
-			}
-			else
-			{
-				std::printf("The agent is busy: /continue TEXT answers it, /pause or /cancel stop it.\n");
-			}
-			return true;
-		}
-		if (!Text.Split(TEXT(" "), &Command, &Argument))
-		{
-			Command = Text;
-		}
-		Argument.TrimStartAndEndInline();
-		if (Command == TEXT("/quit") || Command == TEXT("/exit"))
-		{
-			return false;
-		}
-		if (Command == TEXT("/continue"))
-		{
-			Interface.Continue(Argument);
-		}
-		else if (Command == TEXT("/approve"))
-		{
-			Interface.Approve();
-		}
-		else if (Command == TEXT("/pause"))
-		{
-			Interface.PauseRequest();
-		}
-		else if (Command == TEXT("/cancel"))
-		{
-			Interface.CancelRequest(Argument);
-		}
-		else if (Command == TEXT("/end"))
-		{
-			Interface.EndRequest(Argument);
-		}
-		else if (Command == TEXT("/undo"))
-		{
-			Interface.UndoLastOperation();
-		}
-		else if (Command == TEXT("/redo"))
-		{
-			Interface.RedoLastOperation();
-		}
-		else if (Command == TEXT("/state"))
-		{
-			PrintState();
-		}
-		else
-		{
-			std::fputs(GetHostUsage(), stdout);
-		}
-		return true;
 	}
 
 	int RunHost(const FHostOptions& Options)
@@ -225,13 +153,13 @@ namespace
 			std::optional<FConsoleChat> Chat;
 			if (!Options.bUi)
 			{
-				Chat.emplace(Options.bColor);
+				Chat.emplace(Options.bColor, LogDevice);
 			}
 			bool bQuit = false;
 			if (!Options.Prompt.empty())
 			{
 				FTavrineInterface::Get().InitialRequest(UTF8_TO_TCHAR(Options.Prompt.c_str()));
-				const bool bSettled = FStandInEngineLoop::PumpUntil([]() { return IsSettled(); }, Options.TimeoutSeconds);
+				const bool bSettled = FStandInEngineLoop::PumpUntil([]() { return HostAgentStatus::IsSettled(); }, Options.TimeoutSeconds);
 				if (!bSettled)
 				{
 					std::fprintf(stderr, "tavrine: no answer within %.0f seconds\n", Options.TimeoutSeconds);
@@ -242,24 +170,32 @@ namespace
 				{
 					ExitCode = ExitTurnFailed;
 				}
+				else if (const int32 Waiting = HostAgentStatus::CountWaitingCalls(); Waiting > 0 && !Options.bInteractive)
+				{
+					std::printf("%s\n", HostAgentStatus::DescribeWaitingCalls(Waiting, false).c_str());
+					ExitCode = ExitCallsWaiting;
+				}
 				bQuit = !Options.bInteractive;
 			}
 			if (!bQuit)
 			{
 				std::printf("Type a message, or /help.\n");
+				FHostCommands Commands;
+				FWaitingCallsNotice WaitingCalls;
 				FTerminalInput Input;
 				const bool bUi = Options.bUi;
-				FStandInEngineLoop::PumpUntil([&Input, bUi]()
+				FStandInEngineLoop::PumpUntil([&Input, &Commands, &WaitingCalls, bUi]()
 				{
+					WaitingCalls.Update();
 					while (std::optional<std::string> Line = Input.PopLine())
 					{
-						if (!HandleLine(*Line))
+						if (!Commands.HandleLine(*Line))
 						{
 							return true;
 						}
 					}
 					// The browser window stays up without a terminal, until it is asked to stop.
-					return GQuitRequested || (!bUi && Input.IsFinished() && IsSettled());
+					return GQuitRequested || (!bUi && Input.IsFinished() && HostAgentStatus::IsSettled());
 				}, 1.0e9);
 				ExitCode = ExitOk;
 			}
@@ -281,6 +217,8 @@ namespace
 int main(int ArgC, char** ArgV)
 {
 	FStandInMemory::KeepFreedMemoryForReuse();
+	// Each line goes out as it is written, so output piped to a file or a program keeps its order.
+	std::setvbuf(stdout, nullptr, _IOLBF, 0);
 	std::string Error;
 	const std::optional<FHostOptions> Options = ParseHostOptions(ArgC, ArgV, TAVRINE_DEFAULT_PROJECT, Error);
 	if (!Options)

@@ -33,8 +33,12 @@ public class Tavrine : ModuleRules
 		);
 
 		// Found by name at run time for the compile and Python tools; only their interfaces are used here.
-		// Live Coding's result code is a parameter of the compilation manager's public interface.
-		PublicDependencyModuleNames.Add("LiveCoding");
+		// Live Coding exists in the Windows editor alone (where the engine sets WITH_LIVE_CODING); its result
+		// code is a parameter of the compilation manager's public interface there.
+		if (Target.Platform == UnrealTargetPlatform.Win64)
+		{
+			PublicDependencyModuleNames.Add("LiveCoding");
+		}
 		PrivateDependencyModuleNames.AddRange(new string[] { "HotReload", "PythonScriptPlugin" });
 
 		// Found by name at run time for the file tools' source-control steps.

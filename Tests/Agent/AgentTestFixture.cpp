@@ -1,44 +1,14 @@
 #include "AgentTestFixture.h"
 
+#include "AgentConversationReset.h"
 #include "Containers/StringConv.h"
+#include "FakeHttpResponse.h"
 #include "HAL/StandInClock.h"
 #include "HttpManager.h"
 #include "HttpModule.h"
-#include "Interfaces/IHttpResponse.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
 #include "UObject/Class.h"
-
-namespace
-{
-	class FFakeResponse : public IHttpResponse
-	{
-	public:
-		FFakeResponse(int32 InCode, const FString& InContent)
-			: Code(InCode)
-			, Content(InContent)
-		{
-		}
-
-		virtual FString GetURL() const override { return FString(); }
-		virtual const FString& GetEffectiveURL() const override { return Content; }
-		virtual FString GetURLParameter(const FString& Name) const override { return FString(); }
-		virtual FString GetHeader(const FString& Name) const override { return FString(); }
-		virtual TArray<FString> GetAllHeaders() const override { return {}; }
-		virtual FString GetContentType() const override { return TEXT("application/json"); }
-		virtual uint64 GetContentLength() const override { return 0; }
-		virtual const TArray<uint8>& GetContent() const override { return Bytes; }
-		virtual EHttpRequestStatus::Type GetStatus() const override { return EHttpRequestStatus::Succeeded; }
-		virtual EHttpFailureReason GetFailureReason() const override { return EHttpFailureReason::None; }
-		virtual int32 GetResponseCode() const override { return Code; }
-		virtual FString GetContentAsString() const override { return Content; }
-
-	private:
-		int32 Code;
-		FString Content;
-		TArray<uint8> Bytes;
-	};
-}
 
 void FAgentTest::SetUp()
 {
@@ -54,17 +24,8 @@ void FAgentTest::SetUp()
 		// The test answers in the backend's place; the request itself must never complete.
 		Request->OnProcessRequestComplete().Unbind();
 	}));
+	ResetAgentConversation();
 	FAgent& Agent = FAgent::Get();
-	Agent.Cancel(FString());
-	// Only Continue settles calls that an earlier test left waiting.
-	if (!Agent.GetPendingToolUses().IsEmpty())
-	{
-		const FAgentStateData Data(TEXT("reset"));
-		Agent.SetState(EAgentState::Continue, &Data);
-		Agent.Cancel(FString());
-	}
-	Agent.ClearMessages();
-	Agent.ClearToolResults();
 
 	Sent.Empty();
 	ChatHandle = FTavrineInterface::Get().OnAddStatusMessageDelegate.AddLambda([this](const FString& Text, const FLinearColor& Color, const FName& FontName, float FontSize)
@@ -114,7 +75,7 @@ std::string FAgentTest::ToUtf8(const FString& Text)
 
 void FAgentTest::AnswerCommand(const FString& Content, int32 Code)
 {
-	FHTTPAPI::Get().OnCommandComplete(nullptr, MakeShared<FFakeResponse, ESPMode::ThreadSafe>(Code, Content), true);
+	FHTTPAPI::Get().OnCommandComplete(nullptr, MakeShared<FFakeHttpResponse, ESPMode::ThreadSafe>(Code, Content), true);
 }
 
 void FAgentTest::Accept(const FString& RequestId)
@@ -124,7 +85,7 @@ void FAgentTest::Accept(const FString& RequestId)
 
 void FAgentTest::AnswerStatus(const FString& Content, FHttpRequestPtr Poll)
 {
-	FHTTPAPI::Get().OnStatusComplete(Poll, MakeShared<FFakeResponse, ESPMode::ThreadSafe>(200, Content), true);
+	FHTTPAPI::Get().OnStatusComplete(Poll, MakeShared<FFakeHttpResponse, ESPMode::ThreadSafe>(200, Content), true);
 }
 
 void FAgentTest::Complete(const FString& ResponseJson)

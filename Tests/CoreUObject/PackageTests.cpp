@@ -6,6 +6,8 @@
 #include "CoreTestPrinters.h"
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+
 namespace
 {
 	const FString TempRoot(TEXT(COREUOBJECT_TESTS_TEMP_DIR));
@@ -17,15 +19,25 @@ namespace
 	}
 
 	// Lets every object of the package go: what the next load finds then comes from the file.
-	void ForgetPackage(UPackage* Package)
+	// One collection for all: a collection may free objects of the other packages too, so none of them
+	// may be reached after it.
+	void ForgetPackages(std::initializer_list<UPackage*> Packages)
 	{
-		TArray<UObject*> Inners;
-		GetObjectsWithOuter(Package, Inners, true);
-		for (UObject* Object : Inners)
+		for (UPackage* Package : Packages)
 		{
-			Object->ClearFlags(RF_Standalone);
+			TArray<UObject*> Inners;
+			GetObjectsWithOuter(Package, Inners, true);
+			for (UObject* Object : Inners)
+			{
+				Object->ClearFlags(RF_Standalone);
+			}
 		}
 		CollectGarbage(RF_NoFlags);
+	}
+
+	void ForgetPackage(UPackage* Package)
+	{
+		ForgetPackages({ Package });
 	}
 }
 
@@ -95,8 +107,7 @@ TEST(Packages, EveryPropertyKindSurvivesSaveAndLoad)
 		}
 		return Values;
 	}();
-	ForgetPackage(Asset->GetOutermost());
-	ForgetPackage(Other->GetOutermost());
+	ForgetPackages({ Asset->GetOutermost(), Other->GetOutermost() });
 	EXPECT_EQ(FindPackage(nullptr, TEXT("/Game/Things/AllKinds")), nullptr);
 
 	UReflectionTestAllKinds* Loaded = Cast<UReflectionTestAllKinds>(StaticLoadObject(UObject::StaticClass(), nullptr, TEXT("/Game/Things/AllKinds.AllKinds")));
@@ -325,8 +336,7 @@ TEST(Packages, PackagesThatReferToEachOtherLoadTogether)
 	Second->Soft = First;
 	ASSERT_TRUE(SaveTestPackage(First->GetOutermost()));
 	ASSERT_TRUE(SaveTestPackage(Second->GetOutermost()));
-	ForgetPackage(First->GetOutermost());
-	ForgetPackage(Second->GetOutermost());
+	ForgetPackages({ First->GetOutermost(), Second->GetOutermost() });
 
 	UReflectionTestAllKinds* LoadedFirst = LoadObject<UReflectionTestAllKinds>(nullptr, TEXT("/Game/Pair/First.First"));
 	ASSERT_NE(LoadedFirst, nullptr);

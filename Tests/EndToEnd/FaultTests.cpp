@@ -77,8 +77,7 @@ TEST_F(EndToEndTest, BrokenAcceptAnswersCancelWithTheirOwnReason)
 		{ R"([ { "command": { "code": 502, "body": "<html>Bad gateway</html>" } } ])", "Failed to parse initial response" },
 		{ R"([ { "command": { "body": "{\"id\": \"req-9\", \"request\": \"req-9\"}" } } ])", "Failed to get request ID from response" },
 		{ R"([ { "command": { "body": "" } } ])", "Request Failed" },
-		// Twice: libcurl retries once when a reused connection closes before any answer.
-		{ R"([ { "command": { "close": true } }, { "command": { "close": true } } ])", "Request Failed" },
+		{ R"([ { "command": { "close": true } } ])", "Request Failed" },
 	};
 	for (const auto& Case : Cases)
 	{
@@ -98,6 +97,25 @@ TEST_F(EndToEndTest, BrokenAcceptAnswersCancelWithTheirOwnReason)
 	Facade().InitialRequest(TEXT("Hello"));
 	ASSERT_TRUE(RunUntilChat(" [ Tavrine ] \n\nAccepted anyway.\n"));
 	EXPECT_EQ(State(), EAgentState::AwaitingUpdate);
+}
+
+TEST_F(EndToEndTest, ToolResultsWhoseConnectionDiesAreNeverSentTwice)
+{
+	// The polls of the first turn leave a kept-alive connection behind for the tool results to reuse.
+	UseScenario(R"([
+		{ "pending_polls": 2, "response": { "auto_continue": true, "messages": [], "response": [
+			{ "type": "tool_use", "name": "no_such_tool", "id": "t1", "input": {} } ] } },
+		{ "command": { "close": true } },
+		{ "response": { "auto_continue": true, "messages": [], "response": [ { "type": "text", "text": "Answer to a copy." } ] } }
+	])");
+	Facade().InitialRequest(TEXT("Hello"));
+	ASSERT_TRUE(RunUntilChat(Cancelled("Request Failed")));
+	RunFor(10.0);
+	const std::vector<FRecordedRequest> Posts = Commands();
+	ASSERT_EQ(Posts.size(), 2u) << "the tool results went out again";
+	EXPECT_EQ(Posts[1].ResponseCode, 0) << "closed without an answer";
+	EXPECT_FALSE(HasChat(" [ Tavrine ] \n\nAnswer to a copy.\n"));
+	EXPECT_EQ(State(), EAgentState::Idle);
 }
 
 TEST_F(EndToEndTest, LowerCaseCompletedEndsPollingLikeUpperCase)

@@ -13,6 +13,8 @@ namespace
 		}();
 		return Path;
 	}
+
+	int64 MaxResponseBodyBytes = FHttpStandInSettings::DefaultMaxResponseBodyBytes;
 }
 
 void FHttpStandInSettings::SetExtraCaFile(const FString& Path)
@@ -23,4 +25,14 @@ void FHttpStandInSettings::SetExtraCaFile(const FString& Path)
 FString FHttpStandInSettings::GetExtraCaFile()
 {
 	return ExtraCaFile();
+}
+
+void FHttpStandInSettings::SetMaxResponseBodyBytes(int64 Bytes)
+{
+	MaxResponseBodyBytes = FMath::Clamp<int64>(Bytes, 0, DefaultMaxResponseBodyBytes);
+}
+
+int64 FHttpStandInSettings::GetMaxResponseBodyBytes()
+{
+	return MaxResponseBodyBytes;
 }

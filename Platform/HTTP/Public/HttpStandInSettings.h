@@ -16,4 +16,13 @@ public:
 	 */
 	static void SetExtraCaFile(const FString& Path);
 	static FString GetExtraCaFile();
+
+	/** The default bound on a response body: far above any real answer, far below int32's range. */
+	static constexpr int64 DefaultMaxResponseBodyBytes = 256 * 1024 * 1024;
+	/**
+	 * A response whose body would pass this many bytes fails (reason Other) instead of being held:
+	 * 256 MiB unless set, and never more. Read when a request starts.
+	 */
+	static void SetMaxResponseBodyBytes(int64 Bytes);
+	static int64 GetMaxResponseBodyBytes();
 };

@@ -144,8 +144,8 @@ class CppWriter:
                   ".ArrayDim = %s" % array_dim_expr]
         if kind.gen_flag == "Bool":
             if kind.bitfield_storage:
-                fields += [".BoolSize = sizeof(%s)" % kind.bitfield_storage, ".SetBitFunc = &%s" % set_bit_function,
-                           ".OwnerSize = sizeof(%s)" % owner]
+                fields += [".BoolSize = sizeof(%s)" % kind.bitfield_storage, ".SetBitFunc = &%s_SetBit" % set_bit_function,
+                           ".ClearBitFunc = &%s_ClearBit" % set_bit_function, ".OwnerSize = sizeof(%s)" % owner]
             else:
                 fields += [".BoolSize = sizeof(bool)", ".bNativeBool = true"]
         if kind.gen_flag in ("Byte", "Enum") and kind.enum_type:
@@ -209,7 +209,7 @@ class CppWriter:
         else:
             offset = "STRUCT_OFFSET(%s, %s)" % (owner, prop.name)
         array_dim = "CPP_ARRAY_DIM(%s, %s)" % (prop.name, owner) if prop.array_dim else "1"
-        set_bit = "Z_Construct_%s_Statics::NewProp_%s_SetBit" % (self.construct_suffix(owner_decl), prop.name)
+        set_bit = "Z_Construct_%s_Statics::NewProp_%s" % (self.construct_suffix(owner_decl), prop.name)
         return self.emit_property(indent, "NewProp_" + prop.name, owner, prop.name, kind, flags, metadata, offset,
                                   array_dim, rep_notify, set_bit)
 
@@ -303,6 +303,8 @@ class CppWriter:
             if prop.is_bitfield:
                 with _Guard(self.out, prop.conditions):
                     self.emit("\tstatic void NewProp_%s_SetBit(void* Object) { static_cast<%s*>(Object)->%s = 1; }"
+                              % (prop.name, decl.name, prop.name))
+                    self.emit("\tstatic void NewProp_%s_ClearBit(void* Object) { static_cast<%s*>(Object)->%s = 0; }"
                               % (prop.name, decl.name, prop.name))
         self.emit("\tstatic %s* Construct();" % type_name)
         self.emit("};")

@@ -24,8 +24,10 @@ void FOutputDevice::Log(const FString& S)
 
 FOutputDeviceRedirector* FOutputDeviceRedirector::Get()
 {
-	static FOutputDeviceRedirector Redirector;
-	return &Redirector;
+	// Never destroyed: devices held by other statics (a plugin's log capture) leave it from their own
+	// destructors at exit, in an order that no module controls.
+	static FOutputDeviceRedirector* const Redirector = new FOutputDeviceRedirector();
+	return Redirector;
 }
 
 void FOutputDeviceRedirector::AddOutputDevice(FOutputDevice* OutputDevice)

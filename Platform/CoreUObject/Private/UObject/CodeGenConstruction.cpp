@@ -5,9 +5,20 @@
 #include "UObject/Package.h"
 #include "CoreUObjectLog.h"
 #include "ObjectConstruction.h"
-#include <vector>
 
 using namespace UE::CoreUObject::Private;
+
+void UE::CoreUObject::Private::PlaceNativeBitfields(UStruct* Struct, void* Instance)
+{
+	for (FField* Field = Struct->ChildProperties; Field != nullptr; Field = Field->Next)
+	{
+		FBoolProperty* Property = CastField<FBoolProperty>(Field);
+		if (Property != nullptr && Property->IsAwaitingNativeBitfieldPlace() && !Property->PlaceNativeBitfield(Instance))
+		{
+			UE_LOG(LogClass, Error, TEXT("Bitfield %s of %s moves no bit; its value reads as false"), *Property->GetName(), *Struct->GetName());
+		}
+	}
+}
 
 namespace
 {
@@ -28,20 +39,28 @@ namespace
 		}
 	}
 
-	// A bitfield's place is found the engine's way: set the bit in a zeroed owner and look where it landed.
+	// A bitfield gets its place later, from a constructed owner: a struct's at once, a class's from its
+	// default object (PlaceNativeBitfields). Its setters never touch memory that isn't an owner.
 	FBoolProperty* NewBitfieldProperty(FFieldVariant Owner, const UECodeGen_Private::FPropertyParams& Params, EPropertyFlags Flags)
 	{
-		std::vector<uint8> Scratch(Params.OwnerSize > 0 ? Params.OwnerSize : 1, 0);
-		Params.SetBitFunc(Scratch.data());
-		for (size_t Index = 0; Index < Scratch.size(); ++Index)
+		FBoolProperty* Property = new FBoolProperty(Owner, FName(Params.Name), NativeFieldFlags, 0, Flags, 1, 1, false);
+		Property->SetNativeBitfieldAccessors(Params.SetBitFunc, Params.ClearBitFunc, static_cast<int32>(Params.OwnerSize));
+		return Property;
+	}
+
+	void PlaceStructBitfields(UScriptStruct* Struct)
+	{
+		UScriptStruct::ICppStructOps* Ops = Struct->GetCppStructOps();
+		if (Ops == nullptr)
 		{
-			if (Scratch[Index] != 0)
-			{
-				return new FBoolProperty(Owner, FName(Params.Name), NativeFieldFlags, static_cast<int32>(Index), Flags, Scratch[Index], 1, false);
-			}
+			return;
 		}
-		UE_LOG(LogClass, Error, TEXT("Bitfield %s sets no bit; it is left out"), Params.Name);
-		return nullptr;
+		const int32 Alignment = Ops->GetAlignment();
+		void* Memory = FObjectConstruction::AllocateObjectMemory(Ops->GetSize(), Alignment);
+		Ops->Construct(Memory);
+		UE::CoreUObject::Private::PlaceNativeBitfields(Struct, Memory);
+		Ops->Destruct(Memory);
+		FObjectConstruction::FreeObjectMemory(Memory, Alignment);
 	}
 
 	FProperty* NewProperty(FFieldVariant Owner, const UECodeGen_Private::FPropertyParams& Params, EPropertyFlags ExtraFlags)
@@ -332,6 +351,7 @@ namespace UECodeGen_Private
 			NewStruct->SetCppStructOps(Params.NewStructOps());
 		}
 		AddProperties(NewStruct, Params.Properties, Params.NumProperties);
+		PlaceStructBitfields(NewStruct);
 		AddMetaData(NewStruct, Params.MetaData, Params.NumMetaData);
 		NewStruct->StaticLink();
 	}

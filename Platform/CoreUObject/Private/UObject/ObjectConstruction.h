@@ -23,6 +23,10 @@ namespace UE::CoreUObject::Private
 		}
 	};
 
+	// Gives the native bitfields declared by Struct itself their place, from Instance: a constructed
+	// instance of Struct (a class's default object, right after its constructor).
+	void PlaceNativeBitfields(UStruct* Struct, void* Instance);
+
 	struct FObjectConstruction
 	{
 		// The initializer of the innermost construction in progress on this thread, or null.

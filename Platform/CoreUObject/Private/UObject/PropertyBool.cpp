@@ -36,6 +36,46 @@ FBoolProperty::FBoolProperty(FFieldVariant InOwner, const FName& InName, EObject
 	SetBoolSize(InElementSize, bIsNativeBool, InBitMask);
 }
 
+void FBoolProperty::SetNativeBitfieldAccessors(void (*InSetBit)(void*), void (*InClearBit)(void*), int32 InOwnerSize)
+{
+	NativeSetBit = InSetBit;
+	NativeClearBit = InClearBit;
+	NativeOwnerSize = InOwnerSize;
+}
+
+bool FBoolProperty::PlaceNativeBitfield(void* OwnerInstance)
+{
+	if (NativeSetBit == nullptr || NativeClearBit == nullptr || OwnerInstance == nullptr || NativeOwnerSize <= 0)
+	{
+		return false;
+	}
+	// Only the bytes are compared; the bit moves through the owner's own members, never by hand.
+	const uint8* Bytes = static_cast<const uint8*>(OwnerInstance);
+	TArray<uint8> Before(Bytes, NativeOwnerSize);
+	NativeSetBit(OwnerInstance);
+	TArray<uint8> WithBit(Bytes, NativeOwnerSize);
+	NativeClearBit(OwnerInstance);
+	int32 Index = 0;
+	while (Index < NativeOwnerSize && WithBit[Index] == Bytes[Index])
+	{
+		++Index;
+	}
+	if (Index == NativeOwnerSize)
+	{
+		return false;
+	}
+	const uint8 Mask = static_cast<uint8>(WithBit[Index] ^ Bytes[Index]);
+	if ((Before[Index] & Mask) != 0)
+	{
+		NativeSetBit(OwnerInstance);
+	}
+	NativeSetBit = nullptr;
+	NativeClearBit = nullptr;
+	SetOffset_Internal(Index);
+	SetBoolSize(1, false, Mask);
+	return true;
+}
+
 void FBoolProperty::SetBoolSize(const uint32 InSize, const bool bIsNativeBool, const uint32 InBitMask)
 {
 	if (bIsNativeBool)

@@ -326,6 +326,11 @@ UObject* StaticConstructObject_Internal(const FStaticConstructObjectParameters& 
 	}
 
 	UObject* Object = FObjectConstruction::Construct(Memory, Class, Outer, Name, Params.SetFlags, Template, Constructor);
+	if (bIsClassDefaultObject)
+	{
+		// Before any of the class's own properties is read or written.
+		PlaceNativeBitfields(Class, Object);
+	}
 	FObjectConstruction::InitializeNonNativeProperties(Object);
 
 	if (bIsClassDefaultObject)

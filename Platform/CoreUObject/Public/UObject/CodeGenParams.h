@@ -52,13 +52,15 @@ namespace UECodeGen_Private
 		const TCHAR* Name = nullptr;
 		EPropertyGenFlags Kind = EPropertyGenFlags::None;
 		EPropertyFlags Flags = CPF_None;
-		// Offset of the value in its owner; unused for a bitfield bool, which SetBitFunc locates.
+		// Offset of the value in its owner; unused for a bitfield bool, which SetBitFunc and ClearBitFunc locate.
 		int32 Offset = 0;
 		int32 ArrayDim = 1;
-		// Bool: the size of the storage, and for a bitfield the function that sets its bit in a zeroed owner.
+		// Bool: the size of the storage, and for a bitfield the functions that set and clear its bit in a
+		// constructed owner.
 		uint32 BoolSize = 0;
 		bool bNativeBool = false;
 		void (*SetBitFunc)(void* Owner) = nullptr;
+		void (*ClearBitFunc)(void* Owner) = nullptr;
 		uint32 OwnerSize = 0;
 		// Byte and Enum: the enum; Enum: the size and signedness of its underlying integer.
 		UEnum* (*EnumFunc)() = nullptr;

@@ -451,6 +451,18 @@ public:
 		return ByteOffset;
 	}
 
+	/**
+	 * A native bitfield's place is up to the compiler: it is found on a constructed instance of its owner,
+	 * whose generated setters move the bit (PlaceNativeBitfield). Until then the property has no place.
+	 */
+	void SetNativeBitfieldAccessors(void (*InSetBit)(void*), void (*InClearBit)(void*), int32 InOwnerSize);
+	bool IsAwaitingNativeBitfieldPlace() const
+	{
+		return NativeSetBit != nullptr;
+	}
+	/** Places the bit from OwnerInstance, a constructed owner, which keeps its value; false when no bit moved. */
+	bool PlaceNativeBitfield(void* OwnerInstance);
+
 	bool GetPropertyValue(const void* A) const
 	{
 		return (static_cast<const uint8*>(A)[ByteOffset] & FieldMask) != 0;
@@ -492,6 +504,9 @@ private:
 	uint8 ByteOffset = 0;
 	uint8 ByteMask = 1;
 	uint8 FieldMask = 1;
+	void (*NativeSetBit)(void*) = nullptr;
+	void (*NativeClearBit)(void*) = nullptr;
+	int32 NativeOwnerSize = 0;
 };
 
 class COREUOBJECT_API FStrProperty : public TProperty<FString, FProperty>

@@ -4,6 +4,7 @@
 #include "HAL/PlatformTime.h"
 #include "HttpLog.h"
 #include "HttpModule.h"
+#include "HttpStandInSettings.h"
 #include "HttpStringConv.h"
 #include "HttpUrl.h"
 
@@ -31,10 +32,37 @@ namespace
 		case CURLE_URL_MALFORMAT:
 		case CURLE_FAILED_INIT:
 		case CURLE_OUT_OF_MEMORY:
+		case CURLE_WRITE_ERROR:
+		case CURLE_FILESIZE_EXCEEDED:
 			return EHttpFailureReason::Other;
 		default:
 			// Refused, unreachable, reset, TLS and certificate failures all mean no usable connection.
 			return EHttpFailureReason::ConnectionError;
+		}
+	}
+
+	// What a user can act on, before libcurl's own words.
+	const TCHAR* DescribeFailure(CURLcode Result)
+	{
+		switch (Result)
+		{
+		case CURLE_COULDNT_CONNECT:
+			return TEXT("connection refused");
+		case CURLE_COULDNT_RESOLVE_HOST:
+			return TEXT("host not found");
+		case CURLE_OPERATION_TIMEDOUT:
+			return TEXT("timed out");
+		case CURLE_PEER_FAILED_VERIFICATION:
+		case CURLE_SSL_CACERT_BADFILE:
+			return TEXT("certificate not trusted");
+		case CURLE_SSL_CONNECT_ERROR:
+			return TEXT("secure connection failed");
+		case CURLE_GOT_NOTHING:
+		case CURLE_RECV_ERROR:
+		case CURLE_SEND_ERROR:
+			return TEXT("connection closed without an answer");
+		default:
+			return TEXT("transfer failed");
 		}
 	}
 
@@ -149,7 +177,9 @@ bool FCurlHttpRequest::ProcessRequest()
 	bCanceled = false;
 	bTransferDone = false;
 	TransferResult = CURLE_OK;
-	ReceivedBody.clear();
+	ReceivedBody.Empty();
+	MaxBodyBytes = FHttpStandInSettings::GetMaxResponseBodyBytes();
+	bBodyTooLarge = false;
 	ReceivedHeaders.Reset();
 	ErrorBuffer[0] = '\0';
 	Status = EHttpRequestStatus::Processing;
@@ -186,6 +216,8 @@ bool FCurlHttpRequest::SetUpEasyHandle(FCurlHttpManager& Manager)
 	curl_easy_setopt(EasyHandle, CURLOPT_HEADERDATA, this);
 	curl_easy_setopt(EasyHandle, CURLOPT_WRITEFUNCTION, &FCurlHttpRequest::ReceiveBody);
 	curl_easy_setopt(EasyHandle, CURLOPT_WRITEDATA, this);
+	// Refused up front when the announced length is too large; a body without one is cut off as it arrives.
+	curl_easy_setopt(EasyHandle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(MaxBodyBytes));
 
 	curl_easy_setopt(EasyHandle, CURLOPT_SSL_VERIFYPEER, 1L);
 	curl_easy_setopt(EasyHandle, CURLOPT_SSL_VERIFYHOST, 2L);
@@ -222,6 +254,10 @@ bool FCurlHttpRequest::SetUpEasyHandle(FCurlHttpManager& Manager)
 	}
 	else
 	{
+		// libcurl sends a request again, unasked, when a reused connection dies before any answer. The
+		// backend can't tell a repeated POST from a new one, so anything but a read goes on a connection
+		// of its own and fails instead; reads keep reusing connections.
+		curl_easy_setopt(EasyHandle, CURLOPT_FRESH_CONNECT, 1L);
 		if (VerbText == "POST" || !UploadBody.empty())
 		{
 			curl_easy_setopt(EasyHandle, CURLOPT_POST, 1L);
@@ -290,8 +326,25 @@ size_t FCurlHttpRequest::ReceiveHeaderLine(char* Data, size_t Size, size_t Count
 
 size_t FCurlHttpRequest::ReceiveBody(char* Data, size_t Size, size_t Count, void* Request)
 {
-	static_cast<FCurlHttpRequest*>(Request)->ReceivedBody.append(Data, Size * Count);
-	return Size * Count;
+	FCurlHttpRequest* This = static_cast<FCurlHttpRequest*>(Request);
+	const size_t Bytes = Size * Count;
+	if (static_cast<int64>(This->ReceivedBody.Num()) + static_cast<int64>(Bytes) > This->MaxBodyBytes)
+	{
+		// Any other count than Bytes ends the transfer with a write error.
+		This->bBodyTooLarge = true;
+		return 0;
+	}
+	if (This->ReceivedBody.Num() == 0)
+	{
+		// One allocation for the whole body when its length is announced.
+		curl_off_t Announced = -1;
+		if (curl_easy_getinfo(This->EasyHandle, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &Announced) == CURLE_OK && Announced > 0 && Announced <= This->MaxBodyBytes)
+		{
+			This->ReceivedBody.Reserve(static_cast<int32>(Announced));
+		}
+	}
+	This->ReceivedBody.Append(reinterpret_cast<const uint8*>(Data), static_cast<int32>(Bytes));
+	return Bytes;
 }
 
 void FCurlHttpRequest::OnTransferDone(CURLcode Result)
@@ -339,19 +392,29 @@ void FCurlHttpRequest::FinishRequest()
 	if (bSucceeded)
 	{
 		Status = EHttpRequestStatus::Succeeded;
-		TArray<uint8> Content(reinterpret_cast<const uint8*>(ReceivedBody.data()), static_cast<int32>(ReceivedBody.size()));
-		Response = MakeShared<FCurlHttpResponse, ESPMode::ThreadSafe>(URL, static_cast<int32>(ResponseCode), MoveTemp(ReceivedHeaders), MoveTemp(Content));
+		Response = MakeShared<FCurlHttpResponse, ESPMode::ThreadSafe>(URL, static_cast<int32>(ResponseCode), MoveTemp(ReceivedHeaders), MoveTemp(ReceivedBody));
 	}
 	else
 	{
 		Status = EHttpRequestStatus::Failed;
 		FailureReason = bCanceled ? EHttpFailureReason::Cancelled : ClassifyFailure(TransferResult);
-		const FString Detail = ErrorBuffer[0] != '\0'
-			? HttpStringConv::FromUtf8(ErrorBuffer, strlen(ErrorBuffer))
-			: HttpStringConv::FromUtf8(curl_easy_strerror(TransferResult), strlen(curl_easy_strerror(TransferResult)));
-		UE_LOG(LogHttp, Warning, TEXT("%s %s failed (%s): %s"), *Verb, *URL, LexToString(FailureReason), bCanceled ? TEXT("cancelled") : *Detail);
+		FString Detail;
+		if (bCanceled)
+		{
+			Detail = TEXT("cancelled");
+		}
+		else if (bBodyTooLarge || TransferResult == CURLE_FILESIZE_EXCEEDED)
+		{
+			Detail = FString::Printf(TEXT("response larger than %lld bytes"), static_cast<long long>(MaxBodyBytes));
+		}
+		else
+		{
+			const char* CurlText = ErrorBuffer[0] != '\0' ? ErrorBuffer : curl_easy_strerror(TransferResult);
+			Detail = FString::Printf(TEXT("%s (%s)"), DescribeFailure(TransferResult), *HttpStringConv::FromUtf8(CurlText, strlen(CurlText)));
+		}
+		UE_LOG(LogHttp, Warning, TEXT("%s %s failed (%s): %s"), *Verb, *URL, LexToString(FailureReason), *Detail);
 	}
-	ReceivedBody.clear();
+	ReceivedBody.Empty();
 	ReceivedHeaders.Reset();
 	UploadBody.clear();
 

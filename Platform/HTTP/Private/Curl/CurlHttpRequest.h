@@ -15,6 +15,7 @@ class FCurlHttpManager;
 class FCurlHttpRequest : public IHttpRequest
 {
 public:
+
 	FCurlHttpRequest() = default;
 	virtual ~FCurlHttpRequest();
 
@@ -76,7 +77,9 @@ private:
 	curl_slist* HeaderList = nullptr;
 	// libcurl reads the body from here while the transfer runs, so it mustn't move meanwhile.
 	std::string UploadBody;
-	std::string ReceivedBody;
+	TArray<uint8> ReceivedBody;
+	int64 MaxBodyBytes = 0;
+	bool bBodyTooLarge = false;
 	FHttpHeaderList ReceivedHeaders;
 	char ErrorBuffer[CURL_ERROR_SIZE] = {};
 	bool bTransferDone = false;

@@ -21,7 +21,9 @@ FDelegateHandle FCompilationManager::CompilationManagerDelegateHandle;
 
 namespace
 {
+#if WITH_LIVE_CODING
 	const FName LiveCodingModuleName(TEXT(LIVE_CODING_MODULE_NAME));
+#endif
 	const FName HotReloadModuleName(TEXT("HotReload"));
 	const FName AssetRegistryModuleName(TEXT("AssetRegistry"));
 
@@ -56,6 +58,10 @@ void FCompilationManager::CompileGameProject(FString ToolId, const TArray<TShare
 
 void FCompilationManager::CompileGameWithLiveCoding()
 {
+#if !WITH_LIVE_CODING
+	// Editors outside Windows have no Live Coding; they compile through Hot Reload.
+	CompileGameWithHotReload();
+#else
 	SaveDirtyPackages();
 	CaptureCompilationLogs();
 
@@ -78,6 +84,7 @@ void FCompilationManager::CompileGameWithLiveCoding()
 		Result = ELiveCodingCompileResult::Failure;
 	}
 	OnLiveCodingCompilationFinished(ReadBuildToolLog(), Result);
+#endif
 }
 
 void FCompilationManager::CompileGameWithHotReload()
@@ -143,6 +150,7 @@ TArray<FString> FCompilationManager::FilterCompilationErrors(const FString& Filt
 	return Matching;
 }
 
+#if WITH_LIVE_CODING
 void FCompilationManager::OnLiveCodingCompilationFinished(const FString& BuildToolLog, ELiveCodingCompileResult Result)
 {
 	const bool bSuccess = Result == ELiveCodingCompileResult::Success || Result == ELiveCodingCompileResult::NoChanges;
@@ -170,6 +178,7 @@ void FCompilationManager::OnLiveCodingCompilationFinished(const FString& BuildTo
 	}
 	Broadcast(Logs, bSuccess);
 }
+#endif
 
 void FCompilationManager::OnHotReloadCompilationFinished(const FString& CompilerOutput, ECompilationResult::Type Result, bool bShowLog)
 {

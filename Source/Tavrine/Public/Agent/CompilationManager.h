@@ -2,7 +2,9 @@
 
 #include "CoreMinimal.h"
 #include "Dom/JsonObject.h"
+#if WITH_LIVE_CODING
 #include "ILiveCodingModule.h"
+#endif
 #include "Misc/CompilationResult.h"
 
 class FCompilationLogOutputDevice;
@@ -21,7 +23,7 @@ public:
 	/** Starts a compile for the tool call ToolId; Messages come back with the outcome. */
 	static void CompileGameProject(FString ToolId, const TArray<TSharedPtr<FJsonObject>>& Messages);
 
-	/** Compiles and waits, unless Live Coding isn't there or not enabled: then Hot Reload runs instead. */
+	/** Compiles and waits, unless Live Coding isn't there (or not built in) or not enabled: then Hot Reload runs instead. */
 	static void CompileGameWithLiveCoding();
 	/** Starts a Hot Reload build; its end comes later by the module's event. */
 	static void CompileGameWithHotReload();
@@ -33,7 +35,9 @@ public:
 	/** The captured lines that hold Filter, in any case, in order. */
 	static TArray<FString> FilterCompilationErrors(const FString& Filter);
 
+#if WITH_LIVE_CODING
 	static void OnLiveCodingCompilationFinished(const FString& BuildToolLog, ELiveCodingCompileResult Result);
+#endif
 	static void OnHotReloadCompilationFinished(const FString& CompilerOutput, ECompilationResult::Type Result, bool bShowLog);
 
 	/** Takes the log capture off the global log and drops an open Hot Reload binding; for the module's unload. */
