@@ -1,7 +1,10 @@
 #include "ChatWindowTestFixture.h"
 
 #include "HAL/StandInClock.h"
+#include "Misc/DateTime.h"
+#include "Misc/Paths.h"
 #include "Misc/StandInProject.h"
+#include "ScratchDirectory.h"
 #include "Widget/TavrineSavedMode.h"
 #include "Widgets/Input/SButton.h"
 #include "Widgets/Input/SComboBox.h"
@@ -63,6 +66,41 @@ TEST_F(FChatWindowTest, NoticeAnimatesAndGivesWayToTheNextMessage)
 	Say(TEXT(" [ Tavrine ] \n\nDone"));
 	EXPECT_EQ(EntryTexts(), (TArray<FString>{ EntryTexts()[0], TEXT("Done") }));
 	EXPECT_FALSE(Window->HasActiveTimers());
+}
+
+TEST_F(FChatWindowTest, ThePromptLogKeepsWhatTheChatShowsButNotPassingNotices)
+{
+	FScratchDirectory Scratch;
+	Scratch.WriteBytes(TEXT("Log.uproject"), "{}");
+	FStandInProject::SetProjectFile(Scratch.Path(TEXT("Log.uproject")));
+	FTavrineInterface& Interface = FTavrineInterface::Get();
+	GetMutableDefault<UTavrineSettings>()->LogRetentionPolicy = ETavrineLogDeletionPolicy::KeepAll;
+	Interface.Shutdown();
+	Interface.Initialize();
+
+	// As the chat shows them: a notice not at all, a repeated header dropped, tool names cleaned out,
+	// a line that cleans to nothing not at all, and a file change as its path and its new text.
+	Say(TEXT("Processing request..."));
+	Say(TEXT(" [ Tavrine ] \n\nHi **there**\n"));
+	Say(TEXT("read_file"));
+	Interface.OnAddDiffMessage(TEXT("Source/New.h"), TEXT("old"), TEXT("a\nb"));
+	GetMutableDefault<UTavrineSettings>()->bDisplayFileChangesInChat = false;
+	Interface.OnAddDiffMessage(TEXT("Source/Hidden.h"), TEXT(""), TEXT("x"));
+	Say(TEXT("Compiling..."));
+	Say(TEXT("Done"));
+
+	const FString Stamp = FDateTime::Now().ToString(TEXT("[%H:%M:%S] "));
+	std::string Expected;
+	for (const TCHAR* Entry : { TEXT("Hi there"), TEXT("Source/New.h"), TEXT("a\nb"), TEXT("Done") })
+	{
+		Expected += "\xEF\xBB\xBF\n" + ToUtf8(Stamp + Entry) + "\n\n";
+	}
+	const FString LogFile = FPaths::GetCleanFilename(Interface.GetPromptLogFilePath());
+	EXPECT_EQ(Scratch.ReadBytes(*(TEXT("Plugins/tavrine-unreal/Logs/") + LogFile)), Expected);
+
+	Interface.Shutdown();
+	GetMutableDefault<UTavrineSettings>()->LogRetentionPolicy = ETavrineLogDeletionPolicy::KeepLast30Days;
+	FStandInProject::Reset();
 }
 
 TEST_F(FChatWindowTest, DiffBlocksNumberEachSideAndFollowTheSetting)

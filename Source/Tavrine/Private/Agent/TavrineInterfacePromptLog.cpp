@@ -41,12 +41,22 @@ void FTavrineInterface::StartPromptLog()
 
 FString FTavrineInterface::GetPromptLogFilePath() const
 {
+	// Before the facade has started there is no log folder, and a bare file name would land in the
+	// editor's working folder.
+	if (LogDirectory.IsEmpty())
+	{
+		return FString();
+	}
 	const FString Date = FDateTime::Now().ToString(TEXT("%Y-%m-%d"));
 	return FPaths::Combine(LogDirectory, FString::Printf(TEXT("TavrinePrompts_%s.log"), *Date));
 }
 
 void FTavrineInterface::TavrineInterfaceLogString(const FString& Text, const FString& FilePath, bool bWithTimestamp)
 {
+	if (FilePath.IsEmpty())
+	{
+		return;
+	}
 	EnsureLogDirectoryExists();
 	const FString Line = bWithTimestamp
 		? FString::Printf(TEXT("\n[%s] %s\n\n"), *FDateTime::Now().ToString(TEXT("%H:%M:%S")), *Text)

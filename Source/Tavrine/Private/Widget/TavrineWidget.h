@@ -13,7 +13,6 @@ class SMultiLineEditableText;
 class SScrollBox;
 class STextBlock;
 class SVerticalBox;
-struct FActiveTimerHandle;
 
 /**
  * The chat tab: the conversation in a scroll box, the prompt box and the buttons that drive the agent.

@@ -60,9 +60,9 @@ public:
 	void OnAddStatusMessage(const FString& Text, const FLinearColor& Color, const FName& FontName, float FontSize);
 	void OnAddDiffMessage(const FString& FilePath, const FString& OldText, const FString& NewText);
 
-	/** Today's prompt log: one file a local calendar day. */
+	/** Today's prompt log: one file a local calendar day; empty until the facade has started. */
 	FString GetPromptLogFilePath() const;
-	/** Appends one entry as UTF-8; with the time stamp it stands apart as a block of its own. */
+	/** Appends one entry as UTF-8; with the time stamp it stands apart as a block of its own. An empty path writes nothing. */
 	void TavrineInterfaceLogString(const FString& Text, const FString& FilePath, bool bWithTimestamp);
 
 	/** The last conversation's changes can be taken back: its files, or its editor transactions. */
