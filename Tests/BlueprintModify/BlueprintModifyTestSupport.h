@@ -1,0 +1,85 @@
+// What the Blueprint modification tests share: a Blueprint to change, the modification call, and reading back.
+#pragma once
+
+#include "BlueprintUtilsTestSupport.h"
+#include "Editor.h"
+#include "Editor/Transactor.h"
+#include "GameFramework/Actor.h"
+#include "Kismet2/KismetEditorUtilities.h"
+
+class FBlueprintModifyTest : public FBlueprintUtilsTest
+{
+protected:
+	/** A compiled, saved actor Blueprint without variables or functions, under /Game/Blueprints. */
+	UBlueprint* MakeEmpty(const TCHAR* Name)
+	{
+		UBlueprint* Blueprint = FSampleBlueprintBuilder::CreateBlueprint(Asset(Name), AActor::StaticClass());
+		if (Blueprint != nullptr)
+		{
+			FKismetEditorUtilities::CompileBlueprint(Blueprint);
+			FSampleBlueprintBuilder::Save(Blueprint);
+		}
+		return Blueprint;
+	}
+
+	/** The sample actor Blueprint with its variables ("Health" among them), function and event graph, saved. */
+	UBlueprint* MakeShowcase()
+	{
+		UBlueprint* Blueprint = FSampleBlueprintBuilder::MakeShowcase(Asset(TEXT("BP_Showcase")));
+		if (Blueprint != nullptr)
+		{
+			FSampleBlueprintBuilder::Save(Blueprint);
+		}
+		return Blueprint;
+	}
+
+	/** The answer of a modification, condensed for an exact comparison. */
+	static FString Modify(const TCHAR* BlueprintName, const FString& Document)
+	{
+		return Condensed(FTavrineBlueprintUtils::ModifyBlueprint(BlueprintName, Document));
+	}
+
+	static TSharedPtr<FJsonObject> ReadAll(const TCHAR* BlueprintName)
+	{
+		return ParseJson(FTavrineBlueprintUtils::ReadBlueprint(BlueprintName, TEXT("All")));
+	}
+
+	static const FBPVariableDescription* FindVariable(const UBlueprint* Blueprint, const TCHAR* Name)
+	{
+		return Blueprint->NewVariables.FindByPredicate([Name](const FBPVariableDescription& Variable)
+		{
+			return Variable.VarName == FName(Name);
+		});
+	}
+
+	static UEdGraph* FindGraph(const TArray<TObjectPtr<UEdGraph>>& Graphs, const TCHAR* Name)
+	{
+		for (UEdGraph* Graph : Graphs)
+		{
+			if (Graph->GetName() == Name)
+			{
+				return Graph;
+			}
+		}
+		return nullptr;
+	}
+
+	/** The first entry of an array of objects whose Key holds Value. */
+	static TSharedPtr<FJsonObject> FindEntry(const TArray<TSharedPtr<FJsonValue>>& Entries, const TCHAR* Key, const TCHAR* Value)
+	{
+		for (const TSharedPtr<FJsonValue>& Entry : Entries)
+		{
+			const TSharedPtr<FJsonObject> Object = Entry->AsObject();
+			if (Object.IsValid() && Object->GetStringField(Key) == Value)
+			{
+				return Object;
+			}
+		}
+		return nullptr;
+	}
+
+	static int32 CountNodes(const UEdGraph* Graph)
+	{
+		return Graph != nullptr ? Graph->Nodes.Num() : -1;
+	}
+};

@@ -1,0 +1,71 @@
+// The "Graphs" section, and undoing a whole modification.
+#include "BlueprintModifyTestSupport.h"
+
+namespace
+{
+	const TCHAR* const SampleGraphs = TEXT(R"({"Graphs": [
+		{
+			"Name": "DoorLogic",
+			"Type": "EventGraph",
+			"Nodes": [
+				{ "Class": "UK2Node_VariableGet", "Location": { "X": 0, "Y": 200 }, "Properties": { "VariableName": "Health" } }
+			]
+		}
+	]})");
+}
+
+TEST_F(FBlueprintModifyTest, SampleGraphSectionAddsAnEventGraphPage)
+{
+	UBlueprint* Blueprint = MakeShowcase();
+	ASSERT_NE(Blueprint, nullptr);
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), SampleGraphs),
+		TEXT(R"({"GraphModifications":["Created new graph: DoorLogic of type EventGraph"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
+	const UEdGraph* DoorLogic = FindGraph(Blueprint->UbergraphPages, TEXT("DoorLogic"));
+	ASSERT_NE(DoorLogic, nullptr);
+	ASSERT_EQ(CountNodes(DoorLogic), 1);
+	EXPECT_EQ(DoorLogic->Nodes[0]->NodePosY, 200);
+	EXPECT_TRUE(FindEntry(ReadAll(TEXT("BP_Showcase"))->GetArrayField(TEXT("Graphs")), TEXT("Name"), TEXT("DoorLogic")).IsValid());
+
+	// An existing page is found in any case; nodes under "EdGraph" are not read here; only "EventGraph"
+	// is a type; function graphs are not searched, so a function's name gives a new page.
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Graphs": [
+			{ "Name": "doorlogic", "Type": "eventGRAPH", "EdGraph": { "Nodes": [ { "Class": "UK2Node_VariableGet", "Properties": { "VariableName": "Health" } } ] } },
+			{ "Name": "Anim", "Type": "AnimGraph" },
+			{ "Name": "NoType" },
+			"DoorLogic",
+			{ "Name": "ApplyDamage", "Type": "EventGraph" }
+		]})")),
+		TEXT(R"({"GraphModifications":["Modified existing graph: doorlogic","Invalid graph type: AnimGraph","Graph entry missing 'Name' or 'Type' field.","Graph entry missing 'Name' or 'Type' field.","Failed to create graph: ApplyDamage"],"Message":"No modifications were made to the Blueprint."})"));
+	EXPECT_EQ(CountNodes(DoorLogic), 1);
+	EXPECT_EQ(FindGraph(Blueprint->UbergraphPages, TEXT("Anim")), nullptr);
+}
+
+TEST_F(FBlueprintModifyTest, UndoGivesBackTheBlueprintBeforeTheModification)
+{
+	UBlueprint* Blueprint = MakeShowcase();
+	ASSERT_NE(Blueprint, nullptr);
+	const FString Before = Condensed(ReadAll(TEXT("BP_Showcase")));
+
+	const FString Answer = Modify(TEXT("BP_Showcase"), TEXT(R"({
+		"Variables": { "Shield": { "Type": { "Category": "int" }, "Value": "3", "Replication": "RepNotify" }, "Health": { "Value": "80.0", "Category": "Vitals" } },
+		"Functions": [ { "Name": "Recharge", "InParams": [ { "Name": "Amount", "Type": "IntProperty" } ], "EdGraph": { "Nodes": [
+			{ "Class": "UK2Node_VariableSet", "Properties": { "VariableName": "Shield", "Pins": [ { "PinName": "execute", "Connections": [ { "Node": "Recharge", "Pin": "then" } ] } ] } }
+		] } } ],
+		"Graphs": [ { "Name": "Shields", "Type": "EventGraph", "Nodes": [ { "Class": "UK2Node_CallFunction", "Properties": { "FunctionName": "PrintString", "Comment": "Up" } } ] } ]
+	})"));
+	ASSERT_EQ(ParseJson(Answer)->GetStringField(TEXT("Success")), TEXT("Blueprint modified, compiled, and saved successfully."));
+	ASSERT_NE(Condensed(ReadAll(TEXT("BP_Showcase"))), Before);
+
+	ASSERT_TRUE(GEditor->UndoTransaction());
+	EXPECT_EQ(Condensed(ReadAll(TEXT("BP_Showcase"))), Before);
+	EXPECT_EQ(FindVariable(Blueprint, TEXT("Shield")), nullptr);
+	EXPECT_EQ(FindGraph(Blueprint->FunctionGraphs, TEXT("Recharge")), nullptr);
+	EXPECT_EQ(FindGraph(Blueprint->UbergraphPages, TEXT("Shields")), nullptr);
+
+	// The undone state is unsaved; saving all dirty Blueprints writes it, and it loads as it was.
+	const TSharedPtr<FJsonObject> SaveAll = ParseJson(FTavrineBlueprintUtils::SaveAndCompileAllDirtyBlueprints());
+	ASSERT_TRUE(SaveAll.IsValid());
+	EXPECT_TRUE(FindEntry(SaveAll->GetArrayField(TEXT("BlueprintResults")), TEXT("BlueprintPath"), TEXT("/Game/Blueprints/BP_Showcase.BP_Showcase")).IsValid());
+	Forget(Blueprint);
+	EXPECT_EQ(Condensed(ReadAll(TEXT("BP_Showcase"))), Before);
+}

@@ -1,0 +1,158 @@
+// The modification frame and the "Variables" section: answers, flags, replication, failures per entry.
+#include "BlueprintModifyTestSupport.h"
+#include "Agent/Agent.h"
+#include "UObject/UnrealType.h"
+
+namespace
+{
+	const TCHAR* const SampleDocument = TEXT(R"({
+		"Variables": {
+			"Health": {
+				"Type": { "Category": "real", "SubCategory": "double" },
+				"Category": "Stats",
+				"Tooltip": "Current health",
+				"Value": "100.0",
+				"Replication": "RepNotify",
+				"ExposeOnSpawn": true,
+				"Private": false,
+				"SaveGame": true
+			}
+		},
+		"Functions": [ { "Name": "Heal" } ]
+	})");
+
+	const TCHAR* const Unchanged = TEXT(R"({"Message":"No modifications were made to the Blueprint."})");
+}
+
+TEST_F(FBlueprintModifyTest, SampleDocumentMakesAReplicatedVariableAndAFunction)
+{
+	UBlueprint* Blueprint = MakeEmpty(TEXT("BP_Target"));
+	ASSERT_NE(Blueprint, nullptr);
+	EXPECT_EQ(Modify(TEXT("bp_target"), SampleDocument),
+		TEXT(R"({"VariableModifications":["Created new variable: Health"],"FunctionModifications":["Created new function: Heal","Modified existing function: Heal"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
+
+	const FBPVariableDescription* Health = FindVariable(Blueprint, TEXT("Health"));
+	ASSERT_NE(Health, nullptr);
+	const uint64 Wanted = CPF_Edit | CPF_BlueprintVisible | CPF_Net | CPF_RepNotify | CPF_ExposeOnSpawn | CPF_SaveGame;
+	EXPECT_EQ(Health->PropertyFlags & Wanted, Wanted);
+	EXPECT_EQ(Health->PropertyFlags & CPF_DisableEditOnInstance, 0u);
+	EXPECT_EQ(Health->Category.ToString(), TEXT("Stats"));
+	EXPECT_EQ(Health->GetMetaData(TEXT("Tooltip")), TEXT("Current health"));
+	EXPECT_EQ(Health->DefaultValue, TEXT("100.0"));
+	EXPECT_EQ(Health->RepNotifyFunc, FName(TEXT("OnRep_Health")));
+	EXPECT_NE(FindGraph(Blueprint->FunctionGraphs, TEXT("OnRep_Health")), nullptr);
+	EXPECT_NE(FindGraph(Blueprint->FunctionGraphs, TEXT("Heal")), nullptr);
+
+	// Compiled and saved: the class has the property with its default, and the file is up to date.
+	EXPECT_TRUE(Blueprint->IsUpToDate());
+	EXPECT_FALSE(Blueprint->GetOutermost()->IsDirty());
+	const FProperty* Property = Blueprint->GeneratedClass->FindPropertyByName(TEXT("Health"));
+	ASSERT_NE(Property, nullptr);
+	EXPECT_EQ(FBlueprintUtilsTestAccess::ValueText(Blueprint->GeneratedClass->GetDefaultObject(), Property), TEXT("100.000000"));
+
+	// The same document again changes the existing variable only: no creation message, and the
+	// notification function is left as it is.
+	UEdGraph* OnRep = FindGraph(Blueprint->FunctionGraphs, TEXT("OnRep_Health"));
+	const int32 OnRepNodes = CountNodes(OnRep);
+	EXPECT_EQ(Modify(TEXT("BP_Target"), SampleDocument),
+		TEXT(R"({"FunctionModifications":["Modified existing function: Heal"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
+	EXPECT_EQ(FindGraph(Blueprint->FunctionGraphs, TEXT("OnRep_Health")), OnRep);
+	EXPECT_EQ(CountNodes(OnRep), OnRepNodes);
+}
+
+TEST_F(FBlueprintModifyTest, FrameAnswersWithoutTouchingTheBlueprint)
+{
+	UBlueprint* Blueprint = MakeShowcase();
+	ASSERT_NE(Blueprint, nullptr);
+	const int32 QueueBefore = GEditor->Trans->GetQueueLength();
+
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT("{ not json")), TEXT(R"({"Error":"Failed to parse modification JSON."})"));
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT("[1, 2]")), TEXT(R"({"Error":"Failed to parse modification JSON."})"));
+	EXPECT_EQ(Modify(TEXT("BP_Nowhere"), TEXT("{}")), TEXT(R"({"Error":"Blueprint 'BP_Nowhere' not found."})"));
+	EXPECT_EQ(GEditor->Trans->GetQueueLength(), QueueBefore);
+
+	// Sections of the wrong kind, empty sections and unknown keys change nothing: nothing is compiled or saved.
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT("{}")), Unchanged);
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": [], "Functions": {}, "Graphs": "EventGraph", "Components": [ { "Name": "Mesh" } ]})")), Unchanged);
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": {}, "Functions": [], "Graphs": []})")), Unchanged);
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": { "Health": {} }})")), Unchanged);
+	EXPECT_FALSE(Blueprint->GetOutermost()->IsDirty());
+
+	// An existing function without nodes is reported, but is no change either.
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Functions": [ { "Name": "applydamage", "InParams": [ { "Name": "Extra", "Type": "IntProperty" } ] } ]})")),
+		TEXT(R"({"FunctionModifications":["Modified existing function: applydamage"],"Message":"No modifications were made to the Blueprint."})"));
+
+	const FTransaction* Last = GEditor->Trans->GetTransaction(GEditor->Trans->GetQueueLength() - 1);
+	ASSERT_NE(Last, nullptr);
+	EXPECT_EQ(Last->GetTitle().ToString(), TEXT("Tavrine Transaction ") + FAgent::Get().GetConversationId());
+}
+
+TEST_F(FBlueprintModifyTest, BadVariableEntriesEndOnlyThemselves)
+{
+	UBlueprint* Blueprint = MakeShowcase();
+	ASSERT_NE(Blueprint, nullptr);
+	const FEdGraphPinType HealthType = FindVariable(Blueprint, TEXT("Health"))->VarType;
+
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": {
+			"Broken": 5,
+			"Untyped": {},
+			"Listed": { "Type": { "Category": "int", "Container": "LIST" } },
+			"ActorClass": { "Type": { "Category": "object", "SubCategory": "None", "SubCategoryObject": "/Script/Engine.Actor" }, "Value": 12 },
+			"Health": { "Type": { "Category": "string" }, "Value": 55, "Private": true, "Tooltip": [ "not", "text" ] },
+			"": { "Type": { "Category": "int" } }
+		}})")),
+		TEXT(R"({"VariableModifications":["Invalid JSON format for variable: Broken","Invalid variable type for variable: Untyped","Created new variable: Listed","Created new variable: ActorClass","Failed to create variable: "],"Success":"Blueprint modified, compiled, and saved successfully."})"));
+
+	// An unknown container word reads as none; a number as "Value" is stored as its text; the type of an
+	// existing variable stays, and a key of the wrong kind counts as absent.
+	const FBPVariableDescription* Listed = FindVariable(Blueprint, TEXT("Listed"));
+	ASSERT_NE(Listed, nullptr);
+	EXPECT_EQ(Listed->VarType.ContainerType, EPinContainerType::None);
+	EXPECT_EQ(Listed->PropertyFlags & (CPF_Edit | CPF_BlueprintVisible), uint64(CPF_Edit | CPF_BlueprintVisible));
+	EXPECT_EQ(FindVariable(Blueprint, TEXT("ActorClass"))->DefaultValue, TEXT("12"));
+	const FBPVariableDescription* Health = FindVariable(Blueprint, TEXT("Health"));
+	EXPECT_EQ(Health->VarType, HealthType);
+	EXPECT_EQ(Health->DefaultValue, TEXT("55"));
+	EXPECT_NE(Health->PropertyFlags & CPF_DisableEditOnInstance, 0u);
+	EXPECT_FALSE(Health->HasMetaData(TEXT("Tooltip")));
+}
+
+TEST_F(FBlueprintModifyTest, ReplicationWordsSetAndClearTheNetFlags)
+{
+	UBlueprint* Blueprint = MakeShowcase();
+	ASSERT_NE(Blueprint, nullptr);
+	auto Flags = [Blueprint]()
+	{
+		return FindVariable(Blueprint, TEXT("Score"))->PropertyFlags & (CPF_Net | CPF_RepNotify);
+	};
+
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": { "Score": { "Replication": "rEpNoTiFy" } }})")),
+		TEXT(R"({"Success":"Blueprint modified, compiled, and saved successfully."})"));
+	EXPECT_EQ(Flags(), uint64(CPF_Net | CPF_RepNotify));
+	EXPECT_NE(FindGraph(Blueprint->FunctionGraphs, TEXT("OnRep_Score")), nullptr);
+
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": { "Score": { "Replication": "REPLICATED" } }})")),
+		TEXT(R"({"Success":"Blueprint modified, compiled, and saved successfully."})"));
+	EXPECT_EQ(Flags(), uint64(CPF_Net));
+
+	// "None" clears the flags in memory but alone is no change: nothing is compiled or saved, and the
+	// notification function's name stays.
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": { "Score": { "Replication": "None" } }})")), Unchanged);
+	EXPECT_EQ(Flags(), 0u);
+	EXPECT_EQ(FindVariable(Blueprint, TEXT("Score"))->RepNotifyFunc, FName(TEXT("OnRep_Score")));
+	EXPECT_FALSE(Blueprint->GetOutermost()->IsDirty());
+}
+
+TEST_F(FBlueprintModifyTest, ToolRowChecksItsArguments)
+{
+	ASSERT_NE(MakeShowcase(), nullptr);
+	auto Run = [](const TCHAR* Input)
+	{
+		FString Out;
+		FAgent::Get().RunTool(Out, TEXT("Modify_Blueprint_Variables"), TEXT("id"), ParseJson(Input));
+		return Out;
+	};
+	EXPECT_EQ(Run(TEXT(R"({"updates": "{}"})")), TEXT("Error: Missing required fields - blueprint_name"));
+	EXPECT_EQ(Run(TEXT(R"({"blueprint_name": "BP_Showcase", "updates": {}})")), TEXT("Error: Missing required fields: updates"));
+	EXPECT_EQ(Condensed(Run(TEXT(R"({"blueprint_name": "BP_Showcase", "updates": "{}"})"))), Unchanged);
+}
