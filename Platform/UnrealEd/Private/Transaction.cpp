@@ -3,6 +3,41 @@
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
 #include "UObject/UObjectGlobals.h"
+#include "Misc/OutputDevice.h"
+
+namespace
+{
+	// Collects what an object writes beyond its reflected properties (a graph node's pins, for one).
+	class FCustomStateWriter final : public FOutputDevice
+	{
+	public:
+		virtual void Serialize(const TCHAR* V, ELogVerbosity::Type Verbosity, const FName& Category) override
+		{
+			Text += V;
+		}
+		FString Text;
+	};
+
+	FString ReadCustomState(UObject* Object)
+	{
+		FCustomStateWriter Writer;
+		Object->ExportCustomProperties(Writer, 0);
+		return MoveTemp(Writer.Text);
+	}
+
+	void WriteCustomState(UObject* Object, const FString& State)
+	{
+		Object->ResetCustomProperties();
+		TArray<FString> Lines;
+		State.ParseIntoArrayLines(Lines, true);
+		for (const FString& Line : Lines)
+		{
+			FString Trimmed = Line.TrimStart();
+			Trimmed.RemoveFromStart(TEXT("CustomProperties "));
+			Object->ImportCustomProperties(*Trimmed, nullptr);
+		}
+	}
+}
 
 // The state of one object as it was when recorded: its reflected property values in a block laid out as
 // the object itself, and its name and outer.
@@ -13,12 +48,15 @@ struct FTransaction::FObjectRecord
 	uint8* Snapshot = nullptr;
 	FName Name;
 	UObject* Outer = nullptr;
+	// What the object keeps outside its properties, in the text form of its package file.
+	FString CustomState;
 
 	explicit FObjectRecord(UObject* InObject)
 		: Object(InObject)
 		, Class(InObject->GetClass())
 		, Name(InObject->GetFName())
 		, Outer(InObject->GetOuter())
+		, CustomState(ReadCustomState(InObject))
 	{
 		const int32 Size = FMath::Max(Class->GetPropertiesSize(), 1);
 		Snapshot = static_cast<uint8*>(FMemory::Malloc(static_cast<SIZE_T>(Size), static_cast<uint32>(FMath::Max(Class->GetMinAlignment(), 16))));
@@ -57,7 +95,7 @@ struct FTransaction::FObjectRecord
 	// Whether the object's state now differs from the recorded one.
 	bool HasChanges() const
 	{
-		if (Object == nullptr || Object->GetFName() != Name || Object->GetOuter() != Outer)
+		if (Object == nullptr || Object->GetFName() != Name || Object->GetOuter() != Outer || ReadCustomState(Object) != CustomState)
 		{
 			return true;
 		}
@@ -93,6 +131,12 @@ struct FTransaction::FObjectRecord
 			Property->DestroyValue(Temporary);
 			FMemory::Free(Temporary);
 		});
+		FString CurrentState = ReadCustomState(Object);
+		if (CurrentState != CustomState)
+		{
+			WriteCustomState(Object, CustomState);
+			CustomState = MoveTemp(CurrentState);
+		}
 		if (Object->GetFName() != Name || Object->GetOuter() != Outer)
 		{
 			const FName CurrentName = Object->GetFName();

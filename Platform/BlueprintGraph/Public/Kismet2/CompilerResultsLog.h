@@ -1,7 +1,9 @@
-// FCompilerResultsLog: the errors, warnings and notes of a Blueprint compile.
+// FCompilerResultsLog: the errors, warnings and notes of a Blueprint compile. (The engine keeps it in UnrealEd;
+// here it lives beside the nodes that report into it, at the same include path.)
 #pragma once
 
 #include "CoreMinimal.h"
+#include "EdGraph/EdGraphNode.h"
 
 class UEdGraphNode;
 class UBlueprint;
@@ -46,16 +48,29 @@ private:
 	const UEdGraphNode* Node;
 };
 
-class UNREALED_API FCompilerResultsLog
+class FCompilerResultsLog
 {
 public:
-	explicit FCompilerResultsLog(bool bIsCompatibleWithEvents = true);
+	explicit FCompilerResultsLog(bool bIsCompatibleWithEvents = true)
+	{
+	}
 	virtual ~FCompilerResultsLog() = default;
 
 	// "@@" in the format is replaced by the node's title, as the editor links it.
-	void Error(const TCHAR* Format, const UEdGraphNode* Node = nullptr);
-	void Warning(const TCHAR* Format, const UEdGraphNode* Node = nullptr);
-	void Note(const TCHAR* Format, const UEdGraphNode* Node = nullptr);
+	void Error(const TCHAR* Format, const UEdGraphNode* Node = nullptr)
+	{
+		++NumErrors;
+		Add(EMessageSeverity::Error, Format, Node);
+	}
+	void Warning(const TCHAR* Format, const UEdGraphNode* Node = nullptr)
+	{
+		++NumWarnings;
+		Add(EMessageSeverity::Warning, Format, Node);
+	}
+	void Note(const TCHAR* Format, const UEdGraphNode* Node = nullptr)
+	{
+		Add(EMessageSeverity::Info, Format, Node);
+	}
 
 	int32 NumErrors = 0;
 	int32 NumWarnings = 0;
@@ -65,5 +80,13 @@ public:
 	TArray<TSharedRef<FTokenizedMessage>> Messages;
 
 private:
-	void Add(EMessageSeverity::Type Severity, const TCHAR* Format, const UEdGraphNode* Node);
+	void Add(EMessageSeverity::Type Severity, const TCHAR* Format, const UEdGraphNode* Node)
+	{
+		FString Text(Format);
+		if (Node != nullptr)
+		{
+			Text.ReplaceInline(TEXT("@@"), *FString::Printf(TEXT("'%s'"), *Node->GetNodeTitle(ENodeTitleType::ListView).ToString()));
+		}
+		Messages.Add(MakeShared<FTokenizedMessage>(Severity, Text, Node));
+	}
 };

@@ -5,6 +5,7 @@
 #include "UObject/ObjectMacros.h"
 #include "UObject/Object.h"
 #include "Math/Vector2D.h"
+#include "Templates/Casts.h"
 #include "EdGraph/EdGraphPin.h"
 #include "EdGraphNode.generated.h"
 

@@ -50,6 +50,10 @@ public:
 	UPROPERTY()
 	TArray<TObjectPtr<UActorComponent>> BlueprintCreatedComponents;
 
+	/** Runs when the actor is placed or spawned, before BeginPlay; a Blueprint's "Construction Script". */
+	UFUNCTION(BlueprintImplementableEvent, meta = (BlueprintInternalUseOnly = "true", DisplayName = "Construction Script"))
+	void UserConstructionScript();
+
 	/** Event when play begins for this actor. */
 	UFUNCTION(BlueprintImplementableEvent, meta = (DisplayName = "BeginPlay"))
 	void ReceiveBeginPlay();

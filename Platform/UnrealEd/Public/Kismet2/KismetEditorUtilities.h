@@ -43,6 +43,9 @@ public:
 
 	// Whether a Blueprint may derive from the class (not final, not an interface, not deprecated...).
 	static bool CanCreateBlueprintOfClass(const UClass* Class);
+	// An event node in the graph overriding the parent class's event (ReceiveBeginPlay of AActor...), placed
+	// below the last one (InOutNodePosY moves on); the existing one when the graph has it already.
+	static class UK2Node_Event* AddDefaultEventNode(UBlueprint* InBlueprint, class UEdGraph* InGraph, FName InEventName, UClass* InEventClass, int32& InOutNodePosY);
 	static bool IsClassABlueprintSkeleton(const UClass* Class)
 	{
 		return false;

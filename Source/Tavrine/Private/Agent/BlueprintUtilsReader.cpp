@@ -122,23 +122,26 @@ TSharedPtr<FJsonObject> FTavrineBlueprintUtils::BuildBlueprintDocument(const UBl
 
 TSharedPtr<FJsonObject> FTavrineBlueprintUtils::ReadVariables(const UClass* GeneratedClass)
 {
-	const ETavrineBlueprintContentFilter Filter = GetContentFilter();
-	const UObject* DefaultObject = GeneratedClass->GetDefaultObject();
+	return ReadShownProperties(GeneratedClass, GeneratedClass->GetDefaultObject());
+}
 
-	TSharedPtr<FJsonObject> Variables = MakeShared<FJsonObject>();
-	for (TFieldIterator<FProperty> It(GeneratedClass, EFieldIteratorFlags::IncludeSuper, EFieldIteratorFlags::IncludeDeprecated); It; ++It)
+TSharedPtr<FJsonObject> FTavrineBlueprintUtils::ReadShownProperties(const UStruct* Struct, const void* Container)
+{
+	const ETavrineBlueprintContentFilter Filter = GetContentFilter();
+	TSharedPtr<FJsonObject> Properties = MakeShared<FJsonObject>();
+	for (TFieldIterator<FProperty> It(Struct, EFieldIteratorFlags::IncludeSuper, EFieldIteratorFlags::IncludeDeprecated); It; ++It)
 	{
 		const FProperty* Property = *It;
 		if (!PassesContentFilter(Filter, Property->HasAnyPropertyFlags(VisiblePropertyFlags), Property->GetOwnerClass()))
 		{
 			continue;
 		}
-		TSharedPtr<FJsonObject> Variable = MakeShared<FJsonObject>();
-		Variable->SetObjectField(TEXT("Type"), GetVarJSonObjectFromProperty(Property));
-		Variable->SetStringField(TEXT("Value"), GetPropertyValueAsString(DefaultObject, Property));
-		Variables->SetObjectField(Property->GetName(), Variable);
+		TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
+		Entry->SetObjectField(TEXT("Type"), GetVarJSonObjectFromProperty(Property));
+		Entry->SetStringField(TEXT("Value"), GetPropertyValueAsString(Container, Property));
+		Properties->SetObjectField(Property->GetName(), Entry);
 	}
-	return Variables;
+	return Properties;
 }
 
 TArray<TSharedPtr<FJsonValue>> FTavrineBlueprintUtils::ReadFunctions(const UBlueprint* Blueprint, const UClass* GeneratedClass)

@@ -5,7 +5,10 @@
 #include "EdGraph/EdGraphPin.h"
 
 class FProperty;
+class UBehaviorTree;
 class UBlueprint;
+class UBTCompositeNode;
+class UBTNode;
 class UClass;
 class UEdGraph;
 class UEdGraphNode;
@@ -30,6 +33,8 @@ public:
 	static UClass* GetBlueprintClassFromBlueprintName(const FString& BlueprintName);
 	/** The class a Blueprint asset generates, by its "GeneratedClass" tag; the asset's own class without one. */
 	static UClass* GetBlueprintClassFromAssetData(const FAssetData& AssetData);
+	/** The behaviour tree asset of that name; its reader lives beside the tree's own document. */
+	static UBehaviorTree* GetBehaviorTreeFromBehaviorTreeName(const FString& BehaviorTreeName);
 	/** The nearest class up the chain that is not compiled from a Blueprint. */
 	static UClass* FindFirstCppImplementedParentClass(UClass* Class);
 	/**
@@ -50,6 +55,7 @@ public:
 	// The Blueprint document.
 	/** DataSubset is "All" or one of the document's section keys, in any case. */
 	static FString ReadBlueprint(const FString& BlueprintName, const FString& DataSubset);
+	static FString ReadBehaviorTree(const FString& BehaviorTreeName);
 
 private:
 	friend class FBlueprintUtilsTestAccess;
@@ -73,10 +79,16 @@ private:
 	// The sections of the Blueprint document.
 	static TSharedPtr<FJsonObject> BuildBlueprintDocument(const UBlueprint* Blueprint, const UClass* GeneratedClass);
 	static TSharedPtr<FJsonObject> ReadVariables(const UClass* GeneratedClass);
+	/** The properties of Struct that the settings' content filter shows, with their types and values in Container. */
+	static TSharedPtr<FJsonObject> ReadShownProperties(const UStruct* Struct, const void* Container);
 	static TArray<TSharedPtr<FJsonValue>> ReadFunctions(const UBlueprint* Blueprint, const UClass* GeneratedClass);
 	static TArray<TSharedPtr<FJsonValue>> ReadComponents(const UClass* GeneratedClass);
 	static TArray<TSharedPtr<FJsonValue>> ReadInterfaces(const UBlueprint* Blueprint);
 	static TArray<TSharedPtr<FJsonValue>> ReadGraphs(const TArray<TObjectPtr<UEdGraph>>& Graphs);
+
+	// The behaviour tree document.
+	static TSharedPtr<FJsonObject> ReadBehaviorTreeNode(const UBTNode* Node);
+	static TSharedPtr<FJsonObject> ReadBehaviorTreeComposite(const UBTCompositeNode* Composite);
 
 	// Modifying a Blueprint through a JSON document. Each section applies its entries in order, lists what
 	// failed or was made, and returns whether anything changed; a bad entry ends only itself.

@@ -1,0 +1,167 @@
+#include "K2Node_FunctionTerminator.h"
+#include "K2Node_FunctionEntry.h"
+#include "K2Node_FunctionResult.h"
+#include "EdGraphSchema_K2.h"
+#include "EdGraph/EdGraph.h"
+#include "Engine/Blueprint.h"
+#include "UObject/UnrealType.h"
+#include "BlueprintGraphPrivate.h"
+
+UK2Node_FunctionTerminator::UK2Node_FunctionTerminator(const FObjectInitializer& ObjectInitializer)
+	: Super(ObjectInitializer)
+{
+}
+
+UFunction* UK2Node_FunctionTerminator::FindSignatureFunction() const
+{
+	if (!FunctionReference.IsSelfContext())
+	{
+		const UClass* Owner = FunctionReference.GetMemberParentClass();
+		return Owner != nullptr ? Owner->FindFunctionByName(FunctionReference.GetMemberName()) : nullptr;
+	}
+	// A self function overrides one of the parent class when the parent has it.
+	const UBlueprint* Blueprint = BlueprintGraph::Private::FindBlueprint(this);
+	const UClass* Parent = Blueprint != nullptr ? Blueprint->ParentClass.Get() : nullptr;
+	return Parent != nullptr ? Parent->FindFunctionByName(FunctionReference.GetMemberName()) : nullptr;
+}
+
+FName UK2Node_FunctionTerminator::CreateUniquePinName(FName SourcePinName) const
+{
+	// Parameter names are unique across the whole function: entry and result nodes alike.
+	const UEdGraph* Graph = GetGraph();
+	auto IsTaken = [Graph, this](FName Name)
+	{
+		if (FindPin(Name) != nullptr || UserDefinedPinExists(Name))
+		{
+			return true;
+		}
+		if (Graph != nullptr)
+		{
+			for (const UEdGraphNode* Node : Graph->Nodes)
+			{
+				const UK2Node_FunctionTerminator* Terminator = Cast<UK2Node_FunctionTerminator>(Node);
+				if (Terminator != nullptr && Terminator != this && Terminator->UserDefinedPinExists(Name))
+				{
+					return true;
+				}
+			}
+		}
+		return false;
+	};
+	FName Name = SourcePinName;
+	for (int32 Index = 1; IsTaken(Name); ++Index)
+	{
+		Name = FName(*FString::Printf(TEXT("%s_%d"), *SourcePinName.ToString(), Index));
+	}
+	return Name;
+}
+
+UK2Node_FunctionEntry::UK2Node_FunctionEntry(const FObjectInitializer& ObjectInitializer)
+	: Super(ObjectInitializer)
+{
+}
+
+int32 UK2Node_FunctionEntry::GetFunctionFlags() const
+{
+	int32 Flags = FUNC_BlueprintCallable | FUNC_BlueprintEvent | FUNC_Public;
+	if (const UFunction* Signature = FindSignatureFunction())
+	{
+		Flags = static_cast<int32>(Signature->FunctionFlags & ~(FUNC_Native | FUNC_Final | FUNC_RequiredAPI));
+	}
+	return Flags | ExtraFlags;
+}
+
+FText UK2Node_FunctionEntry::GetNodeTitle(ENodeTitleType::Type TitleType) const
+{
+	const UEdGraph* Graph = GetGraph();
+	const FName Name = Graph != nullptr ? Graph->GetFName() : FunctionReference.GetMemberName();
+	if (Name == UEdGraphSchema_K2::FN_UserConstructionScript)
+	{
+		return FText::FromString(TEXT("Construction Script"));
+	}
+	if (const UFunction* Signature = FindSignatureFunction())
+	{
+		return Signature->GetDisplayNameText();
+	}
+	return FText::FromName(Name);
+}
+
+void UK2Node_FunctionEntry::AllocateDefaultPins()
+{
+	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);
+	if (const UFunction* Signature = FindSignatureFunction())
+	{
+		const UEdGraphSchema_K2* Schema = GetDefault<UEdGraphSchema_K2>();
+		for (FProperty* Param = CastField<FProperty>(Signature->ChildProperties); Param != nullptr; Param = CastField<FProperty>(Param->Next))
+		{
+			const bool bIsOutput = Param->HasAnyPropertyFlags(CPF_ReturnParm) || (Param->HasAnyPropertyFlags(CPF_OutParm) && !Param->HasAnyPropertyFlags(CPF_ReferenceParm));
+			FEdGraphPinType Type;
+			if (!bIsOutput && Schema->ConvertPropertyToPinType(Param, Type))
+			{
+				CreatePin(EGPD_Output, Type, Param->GetFName());
+			}
+		}
+	}
+	Super::AllocateDefaultPins();
+}
+
+bool UK2Node_FunctionEntry::CanCreateUserDefinedPin(const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage)
+{
+	if (InDesiredDirection == EGPD_Input)
+	{
+		OutErrorMessage = FText::FromString(TEXT("Cannot add input pins to entry node"));
+		return false;
+	}
+	return true;
+}
+
+UK2Node_FunctionResult::UK2Node_FunctionResult(const FObjectInitializer& ObjectInitializer)
+	: Super(ObjectInitializer)
+{
+}
+
+FText UK2Node_FunctionResult::GetNodeTitle(ENodeTitleType::Type TitleType) const
+{
+	return FText::FromString(TEXT("Return Node"));
+}
+
+void UK2Node_FunctionResult::AllocateDefaultPins()
+{
+	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Execute);
+	if (const UFunction* Signature = FindSignatureFunction())
+	{
+		const UEdGraphSchema_K2* Schema = GetDefault<UEdGraphSchema_K2>();
+		for (FProperty* Param = CastField<FProperty>(Signature->ChildProperties); Param != nullptr; Param = CastField<FProperty>(Param->Next))
+		{
+			const bool bIsOutput = Param->HasAnyPropertyFlags(CPF_ReturnParm) || (Param->HasAnyPropertyFlags(CPF_OutParm) && !Param->HasAnyPropertyFlags(CPF_ReferenceParm));
+			FEdGraphPinType Type;
+			if (bIsOutput && Schema->ConvertPropertyToPinType(Param, Type))
+			{
+				Type.bIsReference = false;
+				UEdGraphPin* Pin = CreatePin(EGPD_Input, Type, Param->GetFName());
+				Schema->SetPinAutogeneratedDefaultValueBasedOnType(Pin);
+			}
+		}
+	}
+	Super::AllocateDefaultPins();
+}
+
+bool UK2Node_FunctionResult::CanCreateUserDefinedPin(const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage)
+{
+	if (InDesiredDirection == EGPD_Output)
+	{
+		OutErrorMessage = FText::FromString(TEXT("Cannot add output pins to function result node"));
+		return false;
+	}
+	return true;
+}
+
+TArray<UK2Node_FunctionResult*> UK2Node_FunctionResult::GetAllResultNodes() const
+{
+	TArray<UK2Node_FunctionResult*> Result;
+	if (const UEdGraph* Graph = GetGraph())
+	{
+		Graph->GetNodesOfClass(Result);
+	}
+	return Result;
+}
