@@ -2,14 +2,40 @@
 #pragma once
 
 #include "BlueprintUtilsTestSupport.h"
+#include "EdGraph/EdGraph.h"
+#include "EdGraph/EdGraphNode.h"
 #include "Editor.h"
 #include "Editor/Transactor.h"
 #include "GameFramework/Actor.h"
 #include "Kismet2/KismetEditorUtilities.h"
+#include "UnrealEdModule.h"
 
 class FBlueprintModifyTest : public FBlueprintUtilsTest
 {
 protected:
+	void SetUp() override
+	{
+		FBlueprintUtilsTest::SetUp();
+		ASSERT_NE(FUnrealEdModule::StartEditorEngine(), nullptr);
+		GEditor->ResetTransaction(FText::FromString(TEXT("Test")));
+	}
+
+	// Each test makes its Blueprints anew under the same names: the last test's packages leave memory.
+	void TearDown() override
+	{
+		GEditor->ResetTransaction(FText::FromString(TEXT("Test done")));
+		TArray<UObject*> Packages;
+		GetObjectsOfClass(UPackage::StaticClass(), Packages);
+		for (UObject* Package : Packages)
+		{
+			if (Package->GetName().StartsWith(TEXT("/Game/")))
+			{
+				Forget(Package);
+			}
+		}
+		FBlueprintUtilsTest::TearDown();
+	}
+
 	/** A compiled, saved actor Blueprint without variables or functions, under /Game/Blueprints. */
 	UBlueprint* MakeEmpty(const TCHAR* Name)
 	{
@@ -76,6 +102,14 @@ protected:
 			}
 		}
 		return nullptr;
+	}
+
+	/** The Blueprint's package file as it is on disk: unchanged when nothing was saved. */
+	static FString SavedFile(const UBlueprint* Blueprint)
+	{
+		FString Text;
+		FFileHelper::LoadFileToString(Text, *FPackageName::LongPackageNameToFilename(Blueprint->GetOutermost()->GetName(), FPackageName::GetAssetPackageExtension()));
+		return Text;
 	}
 
 	static int32 CountNodes(const UEdGraph* Graph)

@@ -26,9 +26,9 @@ TEST(FModifyBlueprintCorpus, EverySeedGetsOneOutcomeAndTheBlueprintStillLoads)
 		ASSERT_TRUE(FFileHelper::LoadFileToArray(Bytes, *(CorpusDir / Seed)));
 		const FUTF8ToTCHAR Text(reinterpret_cast<const ANSICHAR*>(Bytes.GetData()), Bytes.Num());
 		TSharedPtr<FJsonObject> Answer;
-		ASSERT_TRUE(FJsonSerializer::Deserialize(TJsonReaderFactory<>::Create(Harness.Run(FString(Text.Length(), Text.Get()))), Answer)) << *Seed;
+		ASSERT_TRUE(FJsonSerializer::Deserialize(TJsonReaderFactory<>::Create(Harness.Run(FString(Text.Length(), Text.Get()))), Answer)) << TCHAR_TO_UTF8(*Seed);
 		const int32 Outcomes = int32(Answer->HasField(TEXT("Success"))) + int32(Answer->HasField(TEXT("Error"))) + int32(Answer->HasField(TEXT("Message")));
-		EXPECT_EQ(Outcomes, 1) << *Seed;
+		EXPECT_EQ(Outcomes, 1) << TCHAR_TO_UTF8(*Seed);
 	}
 	EXPECT_TRUE(Harness.SavesAndLoads());
 }

@@ -134,6 +134,7 @@ TEST_F(FBlueprintModifyTest, FunctionEntriesAndNodeEntriesFailOneByOne)
 	ASSERT_NE(Blueprint, nullptr);
 	UEdGraph* ApplyDamage = FindGraph(Blueprint->FunctionGraphs, TEXT("ApplyDamage"));
 	const int32 NodesBefore = CountNodes(ApplyDamage);
+	const FString Saved = SavedFile(Blueprint);
 
 	// Only spawning nodes is no change: the node is there, but nothing is compiled or saved.
 	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Functions": [ { "Name": "APPLYDAMAGE", "EdGraph": { "Nodes": [
@@ -142,7 +143,7 @@ TEST_F(FBlueprintModifyTest, FunctionEntriesAndNodeEntriesFailOneByOne)
 		TEXT(R"({"FunctionModifications":["Modified existing function: APPLYDAMAGE"],"Message":"No modifications were made to the Blueprint."})"));
 	ASSERT_EQ(CountNodes(ApplyDamage), NodesBefore + 1);
 	EXPECT_EQ(ApplyDamage->Nodes.Last()->NodePosX, 0);
-	EXPECT_FALSE(Blueprint->GetOutermost()->IsDirty());
+	EXPECT_EQ(SavedFile(Blueprint), Saved);
 
 	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Functions": [
 			7,

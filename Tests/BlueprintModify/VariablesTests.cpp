@@ -31,6 +31,11 @@ TEST_F(FBlueprintModifyTest, SampleDocumentMakesAReplicatedVariableAndAFunction)
 	EXPECT_EQ(Modify(TEXT("bp_target"), SampleDocument),
 		TEXT(R"({"VariableModifications":["Created new variable: Health"],"FunctionModifications":["Created new function: Heal","Modified existing function: Heal"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
 
+	// One transaction, named for the conversation's undo.
+	const FTransaction* Last = GEditor->Trans->GetTransaction(GEditor->Trans->GetQueueLength() - 1);
+	ASSERT_NE(Last, nullptr);
+	EXPECT_EQ(Last->GetTitle().ToString(), TEXT("Tavrine Transaction ") + FAgent::Get().GetConversationId());
+
 	const FBPVariableDescription* Health = FindVariable(Blueprint, TEXT("Health"));
 	ASSERT_NE(Health, nullptr);
 	const uint64 Wanted = CPF_Edit | CPF_BlueprintVisible | CPF_Net | CPF_RepNotify | CPF_ExposeOnSpawn | CPF_SaveGame;
@@ -46,6 +51,7 @@ TEST_F(FBlueprintModifyTest, SampleDocumentMakesAReplicatedVariableAndAFunction)
 	// Compiled and saved: the class has the property with its default, and the file is up to date.
 	EXPECT_TRUE(Blueprint->IsUpToDate());
 	EXPECT_FALSE(Blueprint->GetOutermost()->IsDirty());
+	EXPECT_FALSE(SavedFile(Blueprint).IsEmpty());
 	const FProperty* Property = Blueprint->GeneratedClass->FindPropertyByName(TEXT("Health"));
 	ASSERT_NE(Property, nullptr);
 	EXPECT_EQ(FBlueprintUtilsTestAccess::ValueText(Blueprint->GeneratedClass->GetDefaultObject(), Property), TEXT("100.000000"));
@@ -65,6 +71,7 @@ TEST_F(FBlueprintModifyTest, FrameAnswersWithoutTouchingTheBlueprint)
 	UBlueprint* Blueprint = MakeShowcase();
 	ASSERT_NE(Blueprint, nullptr);
 	const int32 QueueBefore = GEditor->Trans->GetQueueLength();
+	const FString Saved = SavedFile(Blueprint);
 
 	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT("{ not json")), TEXT(R"({"Error":"Failed to parse modification JSON."})"));
 	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT("[1, 2]")), TEXT(R"({"Error":"Failed to parse modification JSON."})"));
@@ -76,15 +83,12 @@ TEST_F(FBlueprintModifyTest, FrameAnswersWithoutTouchingTheBlueprint)
 	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": [], "Functions": {}, "Graphs": "EventGraph", "Components": [ { "Name": "Mesh" } ]})")), Unchanged);
 	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": {}, "Functions": [], "Graphs": []})")), Unchanged);
 	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": { "Health": {} }})")), Unchanged);
-	EXPECT_FALSE(Blueprint->GetOutermost()->IsDirty());
+	EXPECT_EQ(SavedFile(Blueprint), Saved);
 
 	// An existing function without nodes is reported, but is no change either.
 	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Functions": [ { "Name": "applydamage", "InParams": [ { "Name": "Extra", "Type": "IntProperty" } ] } ]})")),
 		TEXT(R"({"FunctionModifications":["Modified existing function: applydamage"],"Message":"No modifications were made to the Blueprint."})"));
 
-	const FTransaction* Last = GEditor->Trans->GetTransaction(GEditor->Trans->GetQueueLength() - 1);
-	ASSERT_NE(Last, nullptr);
-	EXPECT_EQ(Last->GetTitle().ToString(), TEXT("Tavrine Transaction ") + FAgent::Get().GetConversationId());
 }
 
 TEST_F(FBlueprintModifyTest, BadVariableEntriesEndOnlyThemselves)
@@ -137,10 +141,11 @@ TEST_F(FBlueprintModifyTest, ReplicationWordsSetAndClearTheNetFlags)
 
 	// "None" clears the flags in memory but alone is no change: nothing is compiled or saved, and the
 	// notification function's name stays.
+	const FString Saved = SavedFile(Blueprint);
 	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": { "Score": { "Replication": "None" } }})")), Unchanged);
 	EXPECT_EQ(Flags(), 0u);
 	EXPECT_EQ(FindVariable(Blueprint, TEXT("Score"))->RepNotifyFunc, FName(TEXT("OnRep_Score")));
-	EXPECT_FALSE(Blueprint->GetOutermost()->IsDirty());
+	EXPECT_EQ(SavedFile(Blueprint), Saved);
 }
 
 TEST_F(FBlueprintModifyTest, ToolRowChecksItsArguments)

@@ -16,8 +16,18 @@ const TCHAR* const FModifyBlueprintFuzzHarness::BlueprintName = TEXT("BP_Fuzz");
 
 namespace
 {
-	// Undone nodes and graphs stay until a collection; collecting now and then keeps a long run's memory flat.
-	constexpr int32 RunsBetweenCollections = 200;
+	/** Takes the package of the object out of memory, as a fresh editor session would not have it. */
+	void Forget(UObject* Object)
+	{
+		UPackage* Package = Object->GetOutermost();
+		TArray<UObject*> Inners;
+		GetObjectsWithOuter(Package, Inners, true);
+		for (UObject* Inner : Inners)
+		{
+			Inner->ClearFlags(RF_Standalone);
+		}
+		Package->ClearFlags(RF_Standalone);
+	}
 }
 
 FModifyBlueprintFuzzHarness::FModifyBlueprintFuzzHarness(const FString& ProjectDir)
@@ -28,9 +38,22 @@ FModifyBlueprintFuzzHarness::FModifyBlueprintFuzzHarness(const FString& ProjectD
 	FFileHelper::SaveStringToFile(TEXT("{}"), *ProjectFile);
 	FStandInProject::SetProjectFile(ProjectFile);
 
-	Blueprint = FSampleBlueprintBuilder::MakeShowcase(FString(FSampleBlueprintBuilder::Folder) / BlueprintName);
+	MakeBlueprint();
 	check(Blueprint != nullptr && FSampleBlueprintBuilder::Save(Blueprint));
-	GEditor->ResetTransaction(FText::FromString(TEXT("Fuzz start")));
+}
+
+void FModifyBlueprintFuzzHarness::MakeBlueprint()
+{
+	if (Blueprint != nullptr)
+	{
+		Forget(Blueprint);
+		Blueprint = nullptr;
+	}
+	// The old package must be gone before a new one takes its name.
+	GEditor->ResetTransaction(FText::FromString(TEXT("Fuzz input")));
+	CollectGarbage(RF_NoFlags);
+	Blueprint = FSampleBlueprintBuilder::MakeShowcase(FString(FSampleBlueprintBuilder::Folder) / BlueprintName);
+	check(Blueprint != nullptr);
 }
 
 FModifyBlueprintFuzzHarness::~FModifyBlueprintFuzzHarness()
@@ -40,19 +63,8 @@ FModifyBlueprintFuzzHarness::~FModifyBlueprintFuzzHarness()
 
 FString FModifyBlueprintFuzzHarness::Run(const FString& Document)
 {
-	const int32 QueueBefore = GEditor->Trans->GetQueueLength() - GEditor->Trans->GetUndoCount();
-	const FString Answer = FTavrineBlueprintUtils::ModifyBlueprint(BlueprintName, Document);
-	if (GEditor->Trans->GetQueueLength() - GEditor->Trans->GetUndoCount() > QueueBefore)
-	{
-		GEditor->UndoTransaction();
-	}
-	if (++RunsSinceCollect >= RunsBetweenCollections)
-	{
-		RunsSinceCollect = 0;
-		GEditor->ResetTransaction(FText::FromString(TEXT("Fuzz collect")));
-		CollectGarbage(RF_NoFlags);
-	}
-	return Answer;
+	MakeBlueprint();
+	return FTavrineBlueprintUtils::ModifyBlueprint(BlueprintName, Document);
 }
 
 bool FModifyBlueprintFuzzHarness::SavesAndLoads()
@@ -65,14 +77,7 @@ bool FModifyBlueprintFuzzHarness::SavesAndLoads()
 
 	// Out of memory, as a fresh editor session would be, then found and loaded again by name.
 	GEditor->ResetTransaction(FText::FromString(TEXT("Fuzz reload")));
-	UPackage* Package = Blueprint->GetOutermost();
-	TArray<UObject*> Inners;
-	GetObjectsWithOuter(Package, Inners, true);
-	for (UObject* Inner : Inners)
-	{
-		Inner->ClearFlags(RF_Standalone);
-	}
-	Package->ClearFlags(RF_Standalone);
+	Forget(Blueprint);
 	Blueprint = nullptr;
 	CollectGarbage(RF_NoFlags);
 

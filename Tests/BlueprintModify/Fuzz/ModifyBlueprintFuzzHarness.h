@@ -1,5 +1,5 @@
-// Feeds modification documents to one sample Blueprint, each undone after it ran, so that every document
-// starts from the same Blueprint. Shared by the fuzz target and the test that replays its corpus.
+// Feeds modification documents to a sample Blueprint, made anew for each, so that every document starts from
+// the same Blueprint. Shared by the fuzz target and the test that replays its corpus.
 #pragma once
 
 #include "CoreMinimal.h"
@@ -13,7 +13,7 @@ public:
 	explicit FModifyBlueprintFuzzHarness(const FString& ProjectDir);
 	~FModifyBlueprintFuzzHarness();
 
-	/** Applies Document to the sample Blueprint and undoes the modification; gives the modification's answer. */
+	/** Applies Document to a fresh sample Blueprint; gives the modification's answer. */
 	FString Run(const FString& Document);
 
 	/** Whether the sample Blueprint still saves, and, loaded fresh from its file, reads as it did before. */
@@ -23,6 +23,8 @@ public:
 	static const TCHAR* const BlueprintName;
 
 private:
+	/** Drops the last sample Blueprint from memory and makes it again, unsaved, under the same name. */
+	void MakeBlueprint();
+
 	UBlueprint* Blueprint = nullptr;
-	int32 RunsSinceCollect = 0;
 };
