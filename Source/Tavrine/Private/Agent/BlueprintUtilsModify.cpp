@@ -4,6 +4,7 @@
 #include "BlueprintUtilsModifyHelpers.h"
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "ScopedTransaction.h"
 #include "Serialization/JsonReader.h"
@@ -44,30 +45,38 @@ namespace TavrineBlueprintModify
 		return nullptr;
 	}
 
-	void WriteMessages(FJsonObject& Result, const TCHAR* Key, const TArray<FString>& Messages)
+	bool ApplySection(UBlueprint* Blueprint, FJsonObject& Result, const TCHAR* MessagesKey, TFunctionRef<bool(TArray<FString>& Messages)> ApplyEntries)
 	{
-		if (Messages.IsEmpty())
+		if (Blueprint == nullptr)
 		{
-			return;
+			Result.SetStringField(TEXT("Error"), TEXT("Invalid Blueprint provided."));
+			return false;
 		}
-		TArray<TSharedPtr<FJsonValue>> Values;
-		Values.Reserve(Messages.Num());
-		for (const FString& Message : Messages)
+		Blueprint->Modify();
+
+		TArray<FString> Messages;
+		const bool bChanged = ApplyEntries(Messages);
+		if (!Messages.IsEmpty())
 		{
-			Values.Add(MakeShared<FJsonValueString>(Message));
+			TArray<TSharedPtr<FJsonValue>> Values;
+			Values.Reserve(Messages.Num());
+			for (const FString& Message : Messages)
+			{
+				Values.Add(MakeShared<FJsonValueString>(Message));
+			}
+			Result.SetArrayField(MessagesKey, MoveTemp(Values));
 		}
-		Result.SetArrayField(Key, MoveTemp(Values));
+		if (bChanged)
+		{
+			FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
+		}
+		return bChanged;
 	}
 
 	bool SaveSucceeded(const FString& SaveDocument)
 	{
 		TSharedPtr<FJsonObject> Outcome;
 		return FJsonSerializer::Deserialize(TJsonReaderFactory<>::Create(SaveDocument), Outcome) && Outcome.IsValid() && Outcome->HasField(TEXT("Success"));
-	}
-
-	void WriteInvalidBlueprint(FJsonObject& Result)
-	{
-		Result.SetStringField(TEXT("Error"), TEXT("Invalid Blueprint provided."));
 	}
 }
 

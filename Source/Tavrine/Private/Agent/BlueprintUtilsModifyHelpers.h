@@ -5,7 +5,9 @@
 #include "CoreMinimal.h"
 #include "Dom/JsonObject.h"
 #include "Dom/JsonValue.h"
+#include "Templates/Function.h"
 
+class UBlueprint;
 class UEdGraph;
 
 namespace TavrineBlueprintModify
@@ -22,12 +24,14 @@ namespace TavrineBlueprintModify
 	/** The first graph whose object name equals Name without regard to case; null when none does. */
 	UEdGraph* FindGraphByName(const TArray<TObjectPtr<UEdGraph>>& Graphs, const FString& Name);
 
-	/** Writes a section's messages under Key, each a JSON string, in order; nothing when there are none. */
-	void WriteMessages(FJsonObject& Result, const TCHAR* Key, const TArray<FString>& Messages);
+	/**
+	 * What every section does around its entries: refuses a null Blueprint ("Error" in the result), records
+	 * the Blueprint in the open transaction, writes the section's messages under MessagesKey when there are
+	 * any, and tells the editor of a structural change. ApplyEntries adds its messages and says whether
+	 * anything changed; so does the section.
+	 */
+	bool ApplySection(UBlueprint* Blueprint, FJsonObject& Result, const TCHAR* MessagesKey, TFunctionRef<bool(TArray<FString>& Messages)> ApplyEntries);
 
 	/** Whether a save document of SaveBlueprint reports success; the save there also tells the asset registry. */
 	bool SaveSucceeded(const FString& SaveDocument);
-
-	/** The text a section writes when it is handed no Blueprint. */
-	void WriteInvalidBlueprint(FJsonObject& Result);
 }

@@ -52,104 +52,93 @@ bool FTavrineBlueprintUtils::ModifyBlueprintVariables(UBlueprint* Blueprint, con
 {
 	using namespace TavrineBlueprintModify;
 
-	if (Blueprint == nullptr)
+	return ApplySection(Blueprint, *Result, TEXT("VariableModifications"), [Blueprint, &Variables](TArray<FString>& Messages)
 	{
-		WriteInvalidBlueprint(*Result);
-		return false;
-	}
-	Blueprint->Modify();
-
-	bool bChanged = false;
-	TArray<FString> Messages;
-	for (const TPair<FString, TSharedPtr<FJsonValue>>& Pair : Variables.Values)
-	{
-		const FString& VariableName = Pair.Key;
-		const TSharedPtr<FJsonObject> Entry = AsObject(Pair.Value);
-		if (!Entry.IsValid())
+		bool bChanged = false;
+		for (const TPair<FString, TSharedPtr<FJsonValue>>& Pair : Variables.Values)
 		{
-			Messages.Add(FString::Printf(TEXT("Invalid JSON format for variable: %s"), *VariableName));
-			continue;
-		}
-
-		int32 Index = FindVariableIndex(*Blueprint, VariableName);
-		if (Index == INDEX_NONE)
-		{
-			// The type is only read for a new variable: an existing one keeps its type, so that its nodes stay valid.
-			const FEdGraphPinType PinType = ConvertJsonToEdGraphPinType(Entry);
-			if (PinType.PinCategory.IsNone())
+			const FString& VariableName = Pair.Key;
+			const TSharedPtr<FJsonObject> Entry = AsObject(Pair.Value);
+			if (!Entry.IsValid())
 			{
-				Messages.Add(FString::Printf(TEXT("Invalid variable type for variable: %s"), *VariableName));
+				Messages.Add(FString::Printf(TEXT("Invalid JSON format for variable: %s"), *VariableName));
 				continue;
 			}
-			FName Name;
-			if (ToName(VariableName, Name))
-			{
-				FBlueprintEditorUtils::AddMemberVariable(Blueprint, Name, PinType, FString());
-			}
-			Index = FindVariableIndex(*Blueprint, VariableName);
+
+			int32 Index = FindVariableIndex(*Blueprint, VariableName);
 			if (Index == INDEX_NONE)
 			{
-				Messages.Add(FString::Printf(TEXT("Failed to create variable: %s"), *VariableName));
-				continue;
-			}
-			Blueprint->NewVariables[Index].PropertyFlags |= CPF_Edit | CPF_BlueprintVisible;
-			bChanged = true;
-			Messages.Add(FString::Printf(TEXT("Created new variable: %s"), *VariableName));
-		}
-
-		FString Replication;
-		if (Entry->TryGetStringField(TEXT("Replication"), Replication))
-		{
-			FBPVariableDescription& Variable = Blueprint->NewVariables[Index];
-			Variable.PropertyFlags &= ~(CPF_Net | CPF_RepNotify);
-			if (Replication.Equals(TEXT("Replicated"), ESearchCase::IgnoreCase))
-			{
-				Variable.PropertyFlags |= CPF_Net;
-				bChanged = true;
-			}
-			else if (Replication.Equals(TEXT("RepNotify"), ESearchCase::IgnoreCase))
-			{
-				Variable.PropertyFlags |= CPF_Net | CPF_RepNotify;
-				const FString FunctionName = RepNotifyPrefix + Variable.VarName.ToString();
-				CreateRepNotifyFunction(Blueprint, FunctionName);
-				FName RepNotifyName;
-				if (TavrineBlueprintModify::ToName(FunctionName, RepNotifyName))
+				// The type is only read for a new variable: an existing one keeps its type, so that its nodes stay valid.
+				const FEdGraphPinType PinType = ConvertJsonToEdGraphPinType(Entry);
+				if (PinType.PinCategory.IsNone())
 				{
-					// Looked up again: making the function may have moved the Blueprint's arrays.
-					Blueprint->NewVariables[Index].RepNotifyFunc = RepNotifyName;
+					Messages.Add(FString::Printf(TEXT("Invalid variable type for variable: %s"), *VariableName));
+					continue;
 				}
+				FName Name;
+				if (ToName(VariableName, Name))
+				{
+					FBlueprintEditorUtils::AddMemberVariable(Blueprint, Name, PinType, FString());
+				}
+				Index = FindVariableIndex(*Blueprint, VariableName);
+				if (Index == INDEX_NONE)
+				{
+					Messages.Add(FString::Printf(TEXT("Failed to create variable: %s"), *VariableName));
+					continue;
+				}
+				Blueprint->NewVariables[Index].PropertyFlags |= CPF_Edit | CPF_BlueprintVisible;
+				bChanged = true;
+				Messages.Add(FString::Printf(TEXT("Created new variable: %s"), *VariableName));
+			}
+
+			FString Replication;
+			if (Entry->TryGetStringField(TEXT("Replication"), Replication))
+			{
+				FBPVariableDescription& Variable = Blueprint->NewVariables[Index];
+				Variable.PropertyFlags &= ~(CPF_Net | CPF_RepNotify);
+				if (Replication.Equals(TEXT("Replicated"), ESearchCase::IgnoreCase))
+				{
+					Variable.PropertyFlags |= CPF_Net;
+					bChanged = true;
+				}
+				else if (Replication.Equals(TEXT("RepNotify"), ESearchCase::IgnoreCase))
+				{
+					Variable.PropertyFlags |= CPF_Net | CPF_RepNotify;
+					const FString FunctionName = RepNotifyPrefix + Variable.VarName.ToString();
+					CreateRepNotifyFunction(Blueprint, FunctionName);
+					FName RepNotifyName;
+					if (TavrineBlueprintModify::ToName(FunctionName, RepNotifyName))
+					{
+						// Looked up again: making the function may have moved the Blueprint's arrays.
+						Blueprint->NewVariables[Index].RepNotifyFunc = RepNotifyName;
+					}
+					bChanged = true;
+				}
+			}
+
+			FBPVariableDescription& Variable = Blueprint->NewVariables[Index];
+			FString Text;
+			if (Entry->TryGetStringField(TEXT("Category"), Text))
+			{
+				Variable.Category = FText::FromString(Text);
 				bChanged = true;
 			}
+			if (Entry->TryGetStringField(TEXT("Tooltip"), Text))
+			{
+				Variable.SetMetaData(TEXT("Tooltip"), Text);
+				bChanged = true;
+			}
+			if (const TSharedPtr<FJsonValue> Value = Entry->TryGetField(TEXT("Value")))
+			{
+				Variable.DefaultValue = Value->AsString();
+				bChanged = true;
+			}
+			bChanged |= ApplyFlagKey(*Entry, TEXT("ExposeOnSpawn"), CPF_ExposeOnSpawn, Variable);
+			bChanged |= ApplyFlagKey(*Entry, TEXT("Private"), CPF_DisableEditOnInstance, Variable);
+			bChanged |= ApplyFlagKey(*Entry, TEXT("SaveGame"), CPF_SaveGame, Variable);
 		}
-
-		FBPVariableDescription& Variable = Blueprint->NewVariables[Index];
-		FString Text;
-		if (Entry->TryGetStringField(TEXT("Category"), Text))
-		{
-			Variable.Category = FText::FromString(Text);
-			bChanged = true;
-		}
-		if (Entry->TryGetStringField(TEXT("Tooltip"), Text))
-		{
-			Variable.SetMetaData(TEXT("Tooltip"), Text);
-			bChanged = true;
-		}
-		if (const TSharedPtr<FJsonValue> Value = Entry->TryGetField(TEXT("Value")))
-		{
-			Variable.DefaultValue = Value->AsString();
-			bChanged = true;
-		}
-		bChanged |= ApplyFlagKey(*Entry, TEXT("ExposeOnSpawn"), CPF_ExposeOnSpawn, Variable);
-		bChanged |= ApplyFlagKey(*Entry, TEXT("Private"), CPF_DisableEditOnInstance, Variable);
-		bChanged |= ApplyFlagKey(*Entry, TEXT("SaveGame"), CPF_SaveGame, Variable);
-	}
-
-	WriteMessages(*Result, TEXT("VariableModifications"), Messages);
-	if (bChanged)
-	{
-		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
-	}
-	return bChanged;
+		return bChanged;
+	});
 }
 
 void FTavrineBlueprintUtils::CreateRepNotifyFunction(UBlueprint* Blueprint, const FString& FunctionName)
