@@ -120,13 +120,15 @@ TEST(TArrayTest, EngineSemanticsOfAddRemoveAndSort)
 	EXPECT_FALSE(Flags[2]);
 }
 
-TEST(FNameTest, CaseInsensitiveWithFirstSpellingKept)
+TEST(FNameTest, CaseInsensitiveWithEachSpellingKept)
 {
+	// As in the editor: names compare without case, and each reads back as it was written.
 	const FName First(TEXT("MyActor"));
 	const FName Second(TEXT("MYACTOR"));
 	EXPECT_EQ(First, Second);
-	EXPECT_EQ(Second.ToString(), TEXT("MyActor"));
-	EXPECT_TRUE(Second.ToString().Equals(TEXT("MyActor"), ESearchCase::CaseSensitive));
+	EXPECT_TRUE(First.ToString().Equals(TEXT("MyActor"), ESearchCase::CaseSensitive));
+	EXPECT_TRUE(Second.ToString().Equals(TEXT("MYACTOR"), ESearchCase::CaseSensitive));
+	EXPECT_FALSE(First.IsEqual(Second, ENameCase::CaseSensitive));
 
 	EXPECT_TRUE(FName().IsNone());
 	EXPECT_EQ(FName(TEXT("")), NAME_None);

@@ -50,6 +50,15 @@ struct FTransaction::FObjectRecord
 	UObject* Outer = nullptr;
 	// What the object keeps outside its properties, in the text form of its package file.
 	FString CustomState;
+	FString StateBeforeSwap;
+
+	void ReadStateBeforeSwap()
+	{
+		if (Object != nullptr)
+		{
+			StateBeforeSwap = ReadCustomState(Object);
+		}
+	}
 
 	explicit FObjectRecord(UObject* InObject)
 		: Object(InObject)
@@ -131,12 +140,14 @@ struct FTransaction::FObjectRecord
 			Property->DestroyValue(Temporary);
 			FMemory::Free(Temporary);
 		});
-		FString CurrentState = ReadCustomState(Object);
-		if (CurrentState != CustomState)
+		// The current state was read before any record was swapped (see ReadStateBeforeSwap): a node's text
+		// names the pins of other nodes, which a swap before it may have replaced.
+		if (StateBeforeSwap != CustomState)
 		{
 			WriteCustomState(Object, CustomState);
-			CustomState = MoveTemp(CurrentState);
+			CustomState = MoveTemp(StateBeforeSwap);
 		}
+		StateBeforeSwap.Reset();
 		if (Object->GetFName() != Name || Object->GetOuter() != Outer)
 		{
 			const FName CurrentName = Object->GetFName();
@@ -224,6 +235,10 @@ void FTransaction::Apply()
 	for (UObject* Object : Changed)
 	{
 		Object->PreEditUndo();
+	}
+	for (const TUniquePtr<FObjectRecord>& Record : Records)
+	{
+		Record->ReadStateBeforeSwap();
 	}
 	for (int32 Index = Start; Index != End; Index += Inc)
 	{

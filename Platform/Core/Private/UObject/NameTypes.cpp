@@ -9,7 +9,8 @@
 
 namespace
 {
-	// The global name table: the first spelling of a name is kept, lookups fold case.
+	// The global name table: names compare with case folded (one comparison index for all spellings), and each
+	// spelling keeps a display index of its own, so that a name reads back as it was written.
 	class FNameTable
 	{
 	public:
@@ -19,31 +20,46 @@ namespace
 			return Table;
 		}
 
-		uint32 FindOrAdd(const TCHAR* Name, int32 Length, EFindName FindType)
+		void FindOrAdd(const TCHAR* Name, int32 Length, EFindName FindType, uint32& OutIndex, uint32& OutDisplayIndex)
 		{
+			OutIndex = 0;
+			OutDisplayIndex = 0;
 			if (Length <= 0)
 			{
-				return 0;
+				return;
 			}
-			std::u16string Key(Name, Length);
+			std::u16string Exact(Name, Length);
+			std::u16string Key = Exact;
 			for (char16_t& Char : Key)
 			{
 				Char = FChar::ToLower(Char);
 			}
 			std::lock_guard<std::mutex> Lock(Mutex);
 			const auto Found = Indices.find(Key);
-			if (Found != Indices.end())
+			if (Found == Indices.end() && FindType == FNAME_Find)
 			{
-				return Found->second;
+				return;
 			}
-			if (FindType == FNAME_Find)
+			const auto FoundSpelling = Displays.find(Exact);
+			if (FoundSpelling != Displays.end())
 			{
-				return 0;
+				OutIndex = Found->second;
+				OutDisplayIndex = FoundSpelling->second;
+				return;
 			}
-			const uint32 Index = static_cast<uint32>(Spellings.size());
+			const uint32 DisplayIndex = static_cast<uint32>(Spellings.size());
 			Spellings.emplace_back(Length, Name);
-			Indices.emplace(std::move(Key), Index);
-			return Index;
+			Displays.emplace(std::move(Exact), DisplayIndex);
+			if (Found == Indices.end())
+			{
+				Indices.emplace(std::move(Key), DisplayIndex);
+				OutIndex = DisplayIndex;
+			}
+			else
+			{
+				OutIndex = Found->second;
+			}
+			OutDisplayIndex = DisplayIndex;
 		}
 
 		const FString& GetSpelling(uint32 Index)
@@ -57,29 +73,36 @@ namespace
 		{
 			Spellings.emplace_back(TEXT("None"));
 			Indices.emplace(u"none", 0);
+			Displays.emplace(u"None", 0);
 		}
 
 		std::mutex Mutex;
 		// A deque keeps references to earlier spellings stable as the table grows.
 		std::deque<FString> Spellings;
 		std::unordered_map<std::u16string, uint32> Indices;
+		std::unordered_map<std::u16string, uint32> Displays;
 	};
 }
 
 FName::FName(const ANSICHAR* Name, EFindName FindType)
 {
 	const FANSIToTCHAR Converted(Name ? Name : "");
-	Index = FindOrAdd(Converted.Get(), Converted.Length(), FindType);
+	Init(Converted.Get(), Converted.Length(), FindType);
 }
 
-uint32 FName::FindOrAdd(const TCHAR* Name, int32 Length, EFindName FindType)
+void FName::Init(const TCHAR* Name, int32 Length, EFindName FindType)
 {
-	return Name ? FNameTable::Get().FindOrAdd(Name, Length, FindType) : 0;
+	Index = 0;
+	DisplayIndex = 0;
+	if (Name != nullptr)
+	{
+		FNameTable::Get().FindOrAdd(Name, Length, FindType, Index, DisplayIndex);
+	}
 }
 
 FString FName::ToString() const
 {
-	return FNameTable::Get().GetSpelling(Index);
+	return FNameTable::Get().GetSpelling(DisplayIndex);
 }
 
 bool FName::IsEqual(const FName& Other, ENameCase CompareMethod, bool bCompareNumber) const

@@ -30,28 +30,30 @@ class FName
 public:
 	FName()
 		: Index(0)
+		, DisplayIndex(0)
 	{
 	}
 	FName(EName Name)
 		: Index(static_cast<uint32>(Name))
+		, DisplayIndex(static_cast<uint32>(Name))
 	{
 	}
 	FName(const TCHAR* Name, EFindName FindType = FNAME_Add)
-		: Index(FindOrAdd(Name, FCString::Strlen(Name), FindType))
 	{
+		Init(Name, FCString::Strlen(Name), FindType);
 	}
 	FName(const FString& Name, EFindName FindType = FNAME_Add)
-		: Index(FindOrAdd(*Name, Name.Len(), FindType))
 	{
+		Init(*Name, Name.Len(), FindType);
 	}
 	FName(int32 Length, const TCHAR* Name, EFindName FindType = FNAME_Add)
-		: Index(FindOrAdd(Name, Length, FindType))
 	{
+		Init(Name, Length, FindType);
 	}
 	CORE_API FName(const ANSICHAR* Name, EFindName FindType = FNAME_Add);
 	explicit FName(FStringView Name, EFindName FindType = FNAME_Add)
-		: Index(FindOrAdd(Name.GetData(), Name.Len(), FindType))
 	{
+		Init(Name.GetData(), Name.Len(), FindType);
 	}
 
 	CORE_API FString ToString() const;
@@ -126,9 +128,12 @@ public:
 	}
 
 private:
-	CORE_API static uint32 FindOrAdd(const TCHAR* Name, int32 Length, EFindName FindType);
+	// Finds or adds the name: its comparison index (case folded) and its display index (as spelled), as
+	// the editor's case-preserving names do.
+	CORE_API void Init(const TCHAR* Name, int32 Length, EFindName FindType);
 
 	uint32 Index;
+	uint32 DisplayIndex;
 };
 
 inline FString LexToString(const FName& Name)

@@ -22,6 +22,10 @@ UEdGraphNode::UEdGraphNode(const FObjectInitializer& ObjectInitializer)
 UEdGraphNode::~UEdGraphNode()
 {
 	DestroyAllPinsWithoutUnlinking();
+	for (UEdGraphPin* Pin : PinPool)
+	{
+		delete Pin;
+	}
 }
 
 FText UEdGraphNode::GetNodeTitle(ENodeTitleType::Type TitleType) const
@@ -289,6 +293,7 @@ void UEdGraphNode::ImportCustomProperties(const TCHAR* SourceText, FFeedbackCont
 		return;
 	}
 	UEdGraphPin* Pin = UEdGraphPin::CreatePin(this);
+	TArray<TPair<FName, FGuid>> ReadLinks;
 	for (const TPair<FString, FString>& Item : Items)
 	{
 		const FString& Key = Item.Key;
@@ -348,7 +353,7 @@ void UEdGraphNode::ImportCustomProperties(const TCHAR* SourceText, FFeedbackCont
 				FGuid LinkedPinId;
 				if (Link.Split(TEXT(" "), &NodeName, &PinIdText) && FGuid::Parse(PinIdText, LinkedPinId))
 				{
-					PendingLinks.Add({Pin, FName(*NodeName), LinkedPinId});
+					ReadLinks.Emplace(FName(*NodeName), LinkedPinId);
 				}
 			}
 		}
@@ -377,12 +382,27 @@ void UEdGraphNode::ImportCustomProperties(const TCHAR* SourceText, FFeedbackCont
 			Pin->bOrphanedPin = ReadBool(Value);
 		}
 	}
+	const int32 PooledIndex = PinPool.IndexOfByPredicate([Pin](const UEdGraphPin* Pooled) { return Pooled->PinId == Pin->PinId; });
+	if (PooledIndex != INDEX_NONE)
+	{
+		UEdGraphPin* Pooled = PinPool[PooledIndex];
+		PinPool.RemoveAtSwap(PooledIndex);
+		Pooled->AssignValuesFrom(*Pin);
+		delete Pin;
+		Pin = Pooled;
+	}
+	for (const TPair<FName, FGuid>& Link : ReadLinks)
+	{
+		PendingLinks.Add({Pin, Link.Key, Link.Value});
+	}
 	Pins.Add(Pin);
 }
 
 void UEdGraphNode::ResetCustomProperties()
 {
-	DestroyAllPinsWithoutUnlinking();
+	PinPool.Append(Pins);
+	Pins.Reset();
+	PendingLinks.Reset();
 }
 
 void UEdGraphNode::ResolvePendingLinks()
@@ -411,6 +431,12 @@ void UEdGraphNode::PostEditUndo()
 {
 	Super::PostEditUndo();
 	ResolvePendingLinks();
+	// Pins the restored state doesn't have: every node that linked to them was restored with this one.
+	for (UEdGraphPin* Pin : PinPool)
+	{
+		delete Pin;
+	}
+	PinPool.Reset();
 }
 
 void UEdGraphNode::BeginDestroy()

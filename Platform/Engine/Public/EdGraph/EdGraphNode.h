@@ -210,4 +210,7 @@ private:
 		FGuid PinId;
 	};
 	TArray<FPendingLink> PendingLinks;
+	// Pins taken off by ResetCustomProperties: a pin read back with the same id is the same pin again, so
+	// that nodes outside an undo keep valid links to it. Those not read back are freed after the undo.
+	TArray<UEdGraphPin*> PinPool;
 };

@@ -257,6 +257,8 @@ private:
 	explicit UEdGraphPin(UEdGraphNode* InOwningNode);
 	UEdGraphPin(const UEdGraphPin&) = delete;
 	UEdGraphPin& operator=(const UEdGraphPin&) = delete;
+	// Takes every value of Other except its links and owner.
+	void AssignValuesFrom(const UEdGraphPin& Other);
 
 	UEdGraphNode* OwningNode = nullptr;
 };

@@ -435,8 +435,13 @@ namespace UnrealEd::Private
 			Function->FunctionFlags |= FUNC_HasOutParms;
 		}
 		Function->StaticLink(true);
-		Function->Next = Class->Children;
-		Class->Children = Function;
+		// Functions keep the order they were made in, which is also the order a load gives them.
+		UField** Tail = &Class->Children;
+		while (*Tail != nullptr)
+		{
+			Tail = &(*Tail)->Next;
+		}
+		*Tail = Function;
 		Class->AddFunctionToFunctionMap(Function, Name);
 		return Function;
 	}
@@ -585,6 +590,19 @@ namespace UnrealEd::Private
 		if (Defaults == nullptr)
 		{
 			return;
+		}
+		// Properties that parent Blueprints declared start from the parent's defaults, as native ones do from
+		// their constructors.
+		if (const UObject* ParentDefaults = Class->GetSuperClass()->GetDefaultObject())
+		{
+			for (FProperty* Property = Class->PropertyLink; Property != nullptr; Property = Property->PropertyLinkNext)
+			{
+				const UClass* Owner = Property->GetOwnerClass();
+				if (Owner != nullptr && Owner != Class && Owner->HasAnyClassFlags(CLASS_CompiledFromBlueprint) && ParentDefaults->IsA(Owner))
+				{
+					Property->CopyCompleteValue_InContainer(Defaults, ParentDefaults);
+				}
+			}
 		}
 		// Values the old class's defaults held beyond its parent's carry over, by property name.
 		UObject* OldDefaults = OldClass != nullptr ? OldClass->GetDefaultObject(false) : nullptr;

@@ -19,9 +19,25 @@
 
 UEdGraph* FBlueprintEditorUtils::CreateNewGraph(UObject* ParentScope, const FName& GraphName, TSubclassOf<UEdGraph> GraphClass, TSubclassOf<UEdGraphSchema> SchemaClass)
 {
-	if (ParentScope == nullptr || GraphClass == nullptr || GraphName.IsNone() || StaticFindObjectFast(nullptr, ParentScope, GraphName) != nullptr)
+	if (ParentScope == nullptr || GraphClass == nullptr || GraphName.IsNone())
 	{
 		return nullptr;
+	}
+	if (UObject* Existing = StaticFindObjectFast(nullptr, ParentScope, GraphName))
+	{
+		// A graph that an undo took out of its Blueprint still holds the name; it gives it up.
+		UEdGraph* Orphan = Cast<UEdGraph>(Existing);
+		UBlueprint* Blueprint = Cast<UBlueprint>(ParentScope);
+		TArray<UEdGraph*> Graphs;
+		if (Blueprint != nullptr)
+		{
+			Blueprint->GetAllGraphs(Graphs);
+		}
+		if (Orphan == nullptr || Blueprint == nullptr || Graphs.Contains(Orphan))
+		{
+			return nullptr;
+		}
+		Orphan->Rename(*MakeUniqueObjectName(GetTransientPackage(), Orphan->GetClass(), FName(*(TEXT("TRASH_") + GraphName.ToString()))).ToString(), GetTransientPackage(), REN_DontCreateRedirectors | REN_NonTransactional | REN_DoNotDirty);
 	}
 	UEdGraph* Graph = NewObject<UEdGraph>(ParentScope, GraphClass.Get(), GraphName, RF_Transactional);
 	Graph->Schema = SchemaClass;
