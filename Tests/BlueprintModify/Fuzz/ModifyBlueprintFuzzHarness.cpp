@@ -11,6 +11,7 @@
 #include "UObject/Package.h"
 #include "UObject/UObjectGlobals.h"
 #include "UObject/UObjectHash.h"
+#include "UnrealEdModule.h"
 
 const TCHAR* const FModifyBlueprintFuzzHarness::BlueprintName = TEXT("BP_Fuzz");
 
@@ -38,6 +39,8 @@ FModifyBlueprintFuzzHarness::FModifyBlueprintFuzzHarness(const FString& ProjectD
 	FFileHelper::SaveStringToFile(TEXT("{}"), *ProjectFile);
 	FStandInProject::SetProjectFile(ProjectFile);
 
+	// Modifications run in the editor's transactions.
+	check(FUnrealEdModule::StartEditorEngine() != nullptr);
 	MakeBlueprint();
 	check(Blueprint != nullptr && FSampleBlueprintBuilder::Save(Blueprint));
 }
