@@ -59,6 +59,14 @@ protected:
 		return Blueprint;
 	}
 
+	/** A document of the fuzz target's seed corpus; the samples there are the tests' documents too. */
+	static FString Seed(const TCHAR* FileName)
+	{
+		FString Text;
+		FFileHelper::LoadFileToString(Text, *(FString(TEXT(BLUEPRINT_MODIFY_CORPUS_DIR)) / FileName));
+		return Text;
+	}
+
 	/** The answer of a modification, condensed for an exact comparison. */
 	static FString Modify(const TCHAR* BlueprintName, const FString& Document)
 	{

@@ -5,61 +5,11 @@
 #include "K2Node_FunctionResult.h"
 #include "UObject/UnrealType.h"
 
-namespace
-{
-	const TCHAR* const SampleFunctions = TEXT(R"({"Functions": [
-		{
-			"Name": "Heal",
-			"InParams": [ { "Name": "Amount", "Type": "FloatProperty" } ],
-			"OutParams": [ { "Name": "NewHealth", "Type": "FloatProperty" } ],
-			"EdGraph": {
-				"Nodes": [
-					{
-						"Class": "UK2Node_VariableGet",
-						"Location": { "X": 200, "Y": 0 },
-						"Properties": { "VariableName": "Health", "Comment": "Read health" }
-					},
-					{
-						"Class": "UK2Node_VariableSet",
-						"Location": { "X": 400, "Y": 0 },
-						"Properties": {
-							"VariableName": "Health",
-							"Pins": [ { "PinName": "Health", "Value": "100.0", "Connections": [ { "Node": "Health", "Pin": "Health" } ] } ]
-						}
-					}
-				]
-			}
-		}
-	]})");
-
-	// A new variable and a function that prints it and returns: nodes linked by the titles the reader shows.
-	const TCHAR* const WorkingDocument = TEXT(R"({
-		"Variables": { "Armor": { "Type": { "Category": "int" }, "Value": 7 } },
-		"Functions": [ {
-			"Name": "Heal",
-			"InParams": [ { "Name": "Amount", "Type": "FloatProperty" }, { "Name": "Healer", "Type": "ObjectProperty", "PropertyClass": "/Script/Engine.Actor" } ],
-			"OutParams": [ { "Name": "NewArmor", "Type": "IntProperty" } ],
-			"EdGraph": { "Nodes": [
-				{ "Class": "UK2Node_VariableGet", "Location": { "X": 200, "Y": 200 }, "Properties": { "VariableName": "Armor", "Comment": "Current armor" } },
-				{ "Class": "uk2node_callfunction", "Location": { "X": 300, "Y": 0 }, "Properties": { "FunctionName": "PrintString", "Pins": [
-					{ "PinName": "InString", "Value": "Healing" },
-					{ "PinName": "execute", "Connections": [ { "Node": "Heal", "Pin": "then" } ] }
-				] } },
-				{ "Class": "UK2Node_VariableSet", "Location": { "X": 500, "Y": 0 }, "Properties": { "VariableName": "Armor", "Pins": [
-					{ "PinName": "execute", "Connections": [ { "Node": "Print String", "Pin": "then" } ] },
-					{ "PinName": "then", "Connections": [ { "Node": "Return Node", "Pin": "execute" } ] },
-					{ "PinName": "Armor", "Value": "9" }
-				] } }
-			] }
-		} ]
-	})");
-}
-
 TEST_F(FBlueprintModifyTest, SampleFunctionSectionMakesTheFunctionAndItsNodes)
 {
 	UBlueprint* Blueprint = MakeShowcase();
 	ASSERT_NE(Blueprint, nullptr);
-	EXPECT_EQ(Modify(TEXT("BP_Showcase"), SampleFunctions),
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), Seed(TEXT("functions-sample.json"))),
 		TEXT(R"({"FunctionModifications":["Created new function: Heal","Modified existing function: Heal"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
 
 	const UEdGraph* Heal = FindGraph(Blueprint->FunctionGraphs, TEXT("Heal"));
@@ -87,8 +37,8 @@ TEST_F(FBlueprintModifyTest, ModifiedBlueprintCompilesReadsAndReloadsAsWritten)
 {
 	UBlueprint* Blueprint = MakeEmpty(TEXT("BP_Medic"));
 	ASSERT_NE(Blueprint, nullptr);
-	EXPECT_EQ(Modify(TEXT("BP_Medic"), WorkingDocument),
-		TEXT(R"({"VariableModifications":["Created new variable: Armor"],"FunctionModifications":["Created new function: Heal","Modified existing function: Heal"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
+	EXPECT_EQ(Modify(TEXT("BP_Medic"), Seed(TEXT("functions-linked.json"))),
+		TEXT(R"({"VariableModifications":["Created new variable: Armor"],"FunctionModifications":["Created new function: Repair","Modified existing function: Repair"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
 	ASSERT_TRUE(Blueprint->IsUpToDate());
 
 	// The class: the property with its default on the class default object, the function with its parameters.
@@ -96,32 +46,33 @@ TEST_F(FBlueprintModifyTest, ModifiedBlueprintCompilesReadsAndReloadsAsWritten)
 	const FProperty* Armor = Class->FindPropertyByName(TEXT("Armor"));
 	ASSERT_NE(Armor, nullptr);
 	EXPECT_EQ(FBlueprintUtilsTestAccess::ValueText(Class->GetDefaultObject(), Armor), TEXT("7"));
-	const UFunction* Heal = Class->FindFunctionByName(TEXT("Heal"));
-	ASSERT_NE(Heal, nullptr);
+	const UFunction* Repair = Class->FindFunctionByName(TEXT("Repair"));
+	ASSERT_NE(Repair, nullptr);
 	TArray<FString> Parameters;
-	for (TFieldIterator<FProperty> It(Heal); It; ++It)
+	for (TFieldIterator<FProperty> It(Repair); It; ++It)
 	{
 		Parameters.Add(It->GetName() + (It->HasAnyPropertyFlags(CPF_OutParm) ? TEXT(" out") : TEXT("")));
 	}
-	EXPECT_EQ(Parameters, TArray<FString>({ TEXT("Amount"), TEXT("Healer"), TEXT("NewArmor out") }));
+	EXPECT_EQ(Parameters, TArray<FString>({ TEXT("Amount"), TEXT("Healer"), TEXT("Points"), TEXT("NewArmor out") }));
 
 	// The document: titles, pins, values and links, by the titles the reader writes.
 	const TSharedPtr<FJsonObject> Before = ReadAll(TEXT("BP_Medic"));
-	const TSharedPtr<FJsonObject> Function = FindEntry(Before->GetArrayField(TEXT("Functions")), TEXT("Name"), TEXT("Heal"));
+	const TSharedPtr<FJsonObject> Function = FindEntry(Before->GetArrayField(TEXT("Functions")), TEXT("Name"), TEXT("Repair"));
 	ASSERT_TRUE(Function.IsValid());
 	const TArray<TSharedPtr<FJsonValue>>& Nodes = Function->GetObjectField(TEXT("EdGraph"))->GetArrayField(TEXT("Nodes"));
 	const TSharedPtr<FJsonObject> Print = FindEntry(Nodes, TEXT("Title"), TEXT("Print String"));
 	ASSERT_TRUE(Print.IsValid());
 	EXPECT_EQ(Condensed(Print->GetObjectField(TEXT("Properties"))), TEXT(R"({"FunctionName":"PrintString"})"));
-	EXPECT_EQ(FindEntry(Print->GetArrayField(TEXT("Pins")), TEXT("Name"), TEXT("InString"))->GetStringField(TEXT("Value")), TEXT("Healing"));
+	EXPECT_EQ(FindEntry(Print->GetArrayField(TEXT("Pins")), TEXT("Name"), TEXT("InString"))->GetStringField(TEXT("Value")), TEXT("Repairing"));
 	EXPECT_EQ(Condensed(FindEntry(Print->GetArrayField(TEXT("Pins")), TEXT("Name"), TEXT("execute"))->GetArrayField(TEXT("Connections"))[0]->AsObject()),
-		TEXT(R"({"Node":"Heal","Pin":"then"})"));
+		TEXT(R"({"Node":"Repair","Pin":"then"})"));
 	const TSharedPtr<FJsonObject> Setter = FindEntry(Nodes, TEXT("Class"), TEXT("K2Node_VariableSet"));
 	ASSERT_TRUE(Setter.IsValid());
 	const TSharedPtr<FJsonObject> SetterThen = FindEntry(Setter->GetArrayField(TEXT("Pins")), TEXT("Name"), TEXT("then"));
 	ASSERT_EQ(SetterThen->GetArrayField(TEXT("Connections")).Num(), 1);
 	EXPECT_EQ(SetterThen->GetArrayField(TEXT("Connections"))[0]->AsObject()->GetStringField(TEXT("Pin")), TEXT("execute"));
-	EXPECT_EQ(FindEntry(Setter->GetArrayField(TEXT("Pins")), TEXT("Name"), TEXT("Armor"))->GetStringField(TEXT("Value")), TEXT("9"));
+	EXPECT_EQ(Condensed(FindEntry(Setter->GetArrayField(TEXT("Pins")), TEXT("Name"), TEXT("Armor"))->GetArrayField(TEXT("Connections"))[0]->AsObject()),
+		TEXT(R"({"Node":"Get Armor","Pin":"Armor"})"));
 
 	// A fresh load from disk gives the same document.
 	Forget(Blueprint);
@@ -145,25 +96,11 @@ TEST_F(FBlueprintModifyTest, FunctionEntriesAndNodeEntriesFailOneByOne)
 	EXPECT_EQ(ApplyDamage->Nodes.Last()->NodePosX, 0);
 	EXPECT_EQ(SavedFile(Blueprint), Saved);
 
-	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Functions": [
-			7,
-			{ "InParams": [] },
-			{ "Name": "EventGraph" },
-			{ "Name": "Bare", "InParams": [ 1, { "Type": "IntProperty" }, { "Name": "Shape", "Type": { "Category": "int" } }, { "Name": "Count", "Type": "intproperty" } ], "OutParams": [] },
-			{ "Name": "ApplyDamage", "EdGraph": { "Nodes": [
-				null, "node",
-				{ "Class": "K2Node_VariableGet", "Properties": { "VariableName": "Score" } },
-				{ "Class": "UK2Node_VariableGet" },
-				{ "Class": "UK2Node_CallFunction", "Properties": { "FunctionName": "NoSuchFunction", "Comment": "kept" } },
-				{ "Class": "UK2Node_VariableSet", "Properties": { "VariableName": "Score", "Pins": [
-					"pin", { "Value": "1" }, { "PinName": "Nope", "Value": "1" },
-					{ "PinName": "Score", "Value": "3", "Direction": "sideways", "Connections": [ 4, { "Node": "Get Score" }, { "Node": "Nobody", "Pin": "Score" } ] }
-				] } }
-			] } }
-		]})")),
-		TEXT(R"({"FunctionModifications":["Function entry missing 'Name' field.","Function entry missing 'Name' field.","Failed to create function graph for: EventGraph","Invalid variable type for variable: Shape","Created new function: Bare","Modified existing function: Bare","Modified existing function: ApplyDamage"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), Seed(TEXT("functions-bad-entries.json"))),
+		TEXT(R"({"FunctionModifications":["Function entry missing 'Name' field.","Function entry missing 'Name' field.","Function entry missing 'Name' field.","Failed to create function graph for: EventGraph","Invalid variable type for variable: Shape","Created new function: Bare","Modified existing function: Bare","Modified existing function: ApplyDamage"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
 
-	// "Bare" has its one good parameter and a result node without pins; the unknown call still made a node.
+	// "Bare" has its good parameter and a result node without pins; an unknown function still makes a node;
+	// a pin never links to itself.
 	const UEdGraph* Bare = FindGraph(Blueprint->FunctionGraphs, TEXT("Bare"));
 	ASSERT_NE(Bare, nullptr);
 	int32 ResultNodes = 0;
@@ -176,7 +113,7 @@ TEST_F(FBlueprintModifyTest, FunctionEntriesAndNodeEntriesFailOneByOne)
 		}
 		else
 		{
-			EXPECT_NE(Node->FindPin(TEXT("Count"), EGPD_Output), nullptr);
+			EXPECT_NE(Node->FindPin(TEXT("Kind"), EGPD_Output), nullptr);
 		}
 	}
 	EXPECT_EQ(ResultNodes, 1);
@@ -188,6 +125,6 @@ TEST_F(FBlueprintModifyTest, FunctionEntriesAndNodeEntriesFailOneByOne)
 	const UEdGraphPin* Score = ApplyDamage->Nodes.Last()->FindPin(TEXT("Score"));
 	ASSERT_NE(Score, nullptr);
 	EXPECT_EQ(Score->DefaultValue, TEXT("3"));
-	EXPECT_EQ(Score->Direction, EGPD_Output);
+	EXPECT_EQ(Score->Direction, EGPD_Input);
 	EXPECT_TRUE(Score->LinkedTo.IsEmpty());
 }

@@ -1,24 +1,11 @@
 // The "Graphs" section, and undoing a whole modification.
 #include "BlueprintModifyTestSupport.h"
 
-namespace
-{
-	const TCHAR* const SampleGraphs = TEXT(R"({"Graphs": [
-		{
-			"Name": "DoorLogic",
-			"Type": "EventGraph",
-			"Nodes": [
-				{ "Class": "UK2Node_VariableGet", "Location": { "X": 0, "Y": 200 }, "Properties": { "VariableName": "Health" } }
-			]
-		}
-	]})");
-}
-
 TEST_F(FBlueprintModifyTest, SampleGraphSectionAddsAnEventGraphPage)
 {
 	UBlueprint* Blueprint = MakeShowcase();
 	ASSERT_NE(Blueprint, nullptr);
-	EXPECT_EQ(Modify(TEXT("BP_Showcase"), SampleGraphs),
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), Seed(TEXT("graphs-sample.json"))),
 		TEXT(R"({"GraphModifications":["Created new graph: DoorLogic of type EventGraph"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
 	const UEdGraph* DoorLogic = FindGraph(Blueprint->UbergraphPages, TEXT("DoorLogic"));
 	ASSERT_NE(DoorLogic, nullptr);
@@ -46,13 +33,7 @@ TEST_F(FBlueprintModifyTest, UndoGivesBackTheBlueprintBeforeTheModification)
 	ASSERT_NE(Blueprint, nullptr);
 	const FString Before = Condensed(ReadAll(TEXT("BP_Showcase")));
 
-	const FString Answer = Modify(TEXT("BP_Showcase"), TEXT(R"({
-		"Variables": { "Shield": { "Type": { "Category": "int" }, "Value": "3", "Replication": "RepNotify" }, "Health": { "Value": "80.0", "Category": "Vitals" } },
-		"Functions": [ { "Name": "Recharge", "InParams": [ { "Name": "Amount", "Type": "IntProperty" } ], "EdGraph": { "Nodes": [
-			{ "Class": "UK2Node_VariableSet", "Properties": { "VariableName": "Shield", "Pins": [ { "PinName": "execute", "Connections": [ { "Node": "Recharge", "Pin": "then" } ] } ] } }
-		] } } ],
-		"Graphs": [ { "Name": "Shields", "Type": "EventGraph", "Nodes": [ { "Class": "UK2Node_CallFunction", "Properties": { "FunctionName": "PrintString", "Comment": "Up" } } ] } ]
-	})"));
+	const FString Answer = Modify(TEXT("BP_Showcase"), Seed(TEXT("all-sections.json")));
 	ASSERT_EQ(ParseJson(Answer)->GetStringField(TEXT("Success")), TEXT("Blueprint modified, compiled, and saved successfully."));
 	ASSERT_NE(Condensed(ReadAll(TEXT("BP_Showcase"))), Before);
 

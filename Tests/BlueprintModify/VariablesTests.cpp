@@ -5,22 +5,6 @@
 
 namespace
 {
-	const TCHAR* const SampleDocument = TEXT(R"({
-		"Variables": {
-			"Health": {
-				"Type": { "Category": "real", "SubCategory": "double" },
-				"Category": "Stats",
-				"Tooltip": "Current health",
-				"Value": "100.0",
-				"Replication": "RepNotify",
-				"ExposeOnSpawn": true,
-				"Private": false,
-				"SaveGame": true
-			}
-		},
-		"Functions": [ { "Name": "Heal" } ]
-	})");
-
 	const TCHAR* const Unchanged = TEXT(R"({"Message":"No modifications were made to the Blueprint."})");
 }
 
@@ -28,7 +12,7 @@ TEST_F(FBlueprintModifyTest, SampleDocumentMakesAReplicatedVariableAndAFunction)
 {
 	UBlueprint* Blueprint = MakeEmpty(TEXT("BP_Target"));
 	ASSERT_NE(Blueprint, nullptr);
-	EXPECT_EQ(Modify(TEXT("bp_target"), SampleDocument),
+	EXPECT_EQ(Modify(TEXT("bp_target"), Seed(TEXT("variables-sample.json"))),
 		TEXT(R"({"VariableModifications":["Created new variable: Health"],"FunctionModifications":["Created new function: Heal","Modified existing function: Heal"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
 
 	// One transaction, named for the conversation's undo.
@@ -60,7 +44,7 @@ TEST_F(FBlueprintModifyTest, SampleDocumentMakesAReplicatedVariableAndAFunction)
 	// notification function is left as it is.
 	UEdGraph* OnRep = FindGraph(Blueprint->FunctionGraphs, TEXT("OnRep_Health"));
 	const int32 OnRepNodes = CountNodes(OnRep);
-	EXPECT_EQ(Modify(TEXT("BP_Target"), SampleDocument),
+	EXPECT_EQ(Modify(TEXT("BP_Target"), Seed(TEXT("variables-sample.json"))),
 		TEXT(R"({"FunctionModifications":["Modified existing function: Heal"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
 	EXPECT_EQ(FindGraph(Blueprint->FunctionGraphs, TEXT("OnRep_Health")), OnRep);
 	EXPECT_EQ(CountNodes(OnRep), OnRepNodes);
@@ -95,30 +79,18 @@ TEST_F(FBlueprintModifyTest, BadVariableEntriesEndOnlyThemselves)
 {
 	UBlueprint* Blueprint = MakeShowcase();
 	ASSERT_NE(Blueprint, nullptr);
-	const FEdGraphPinType HealthType = FindVariable(Blueprint, TEXT("Health"))->VarType;
+	const FEdGraphPinType ScoreType = FindVariable(Blueprint, TEXT("Score"))->VarType;
+	EXPECT_EQ(Modify(TEXT("BP_Showcase"), Seed(TEXT("variables-bad-entries.json"))),
+		TEXT(R"({"VariableModifications":["Invalid JSON format for variable: Broken","Invalid variable type for variable: Untyped","Failed to create variable: ","Created new variable: Flags"],"Success":"Blueprint modified, compiled, and saved successfully."})"));
 
-	EXPECT_EQ(Modify(TEXT("BP_Showcase"), TEXT(R"({"Variables": {
-			"Broken": 5,
-			"Untyped": {},
-			"Listed": { "Type": { "Category": "int", "Container": "LIST" } },
-			"ActorClass": { "Type": { "Category": "object", "SubCategory": "None", "SubCategoryObject": "/Script/Engine.Actor" }, "Value": 12 },
-			"Health": { "Type": { "Category": "string" }, "Value": 55, "Private": true, "Tooltip": [ "not", "text" ] },
-			"": { "Type": { "Category": "int" } }
-		}})")),
-		TEXT(R"({"VariableModifications":["Invalid JSON format for variable: Broken","Invalid variable type for variable: Untyped","Created new variable: Listed","Created new variable: ActorClass","Failed to create variable: "],"Success":"Blueprint modified, compiled, and saved successfully."})"));
-
-	// An unknown container word reads as none; a number as "Value" is stored as its text; the type of an
-	// existing variable stays, and a key of the wrong kind counts as absent.
-	const FBPVariableDescription* Listed = FindVariable(Blueprint, TEXT("Listed"));
-	ASSERT_NE(Listed, nullptr);
-	EXPECT_EQ(Listed->VarType.ContainerType, EPinContainerType::None);
-	EXPECT_EQ(Listed->PropertyFlags & (CPF_Edit | CPF_BlueprintVisible), uint64(CPF_Edit | CPF_BlueprintVisible));
-	EXPECT_EQ(FindVariable(Blueprint, TEXT("ActorClass"))->DefaultValue, TEXT("12"));
-	const FBPVariableDescription* Health = FindVariable(Blueprint, TEXT("Health"));
-	EXPECT_EQ(Health->VarType, HealthType);
-	EXPECT_EQ(Health->DefaultValue, TEXT("55"));
-	EXPECT_NE(Health->PropertyFlags & CPF_DisableEditOnInstance, 0u);
-	EXPECT_FALSE(Health->HasMetaData(TEXT("Tooltip")));
+	// An existing variable keeps its type; a boolean "Value" is stored as its text; unknown flag words pass.
+	const FBPVariableDescription* Score = FindVariable(Blueprint, TEXT("Score"));
+	EXPECT_EQ(Score->VarType, ScoreType);
+	EXPECT_NE(Score->PropertyFlags & CPF_DisableEditOnInstance, 0u);
+	const FBPVariableDescription* Flags = FindVariable(Blueprint, TEXT("Flags"));
+	ASSERT_NE(Flags, nullptr);
+	EXPECT_EQ(Flags->DefaultValue, TEXT("true"));
+	EXPECT_TRUE(Flags->VarType.bIsConst && Flags->VarType.bIsWeakPointer);
 }
 
 TEST_F(FBlueprintModifyTest, ReplicationWordsSetAndClearTheNetFlags)
