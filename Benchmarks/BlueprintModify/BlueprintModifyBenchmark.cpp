@@ -9,6 +9,7 @@
 #include "Misc/FileHelper.h"
 #include "Misc/StandInProject.h"
 #include "SampleBlueprintBuilder.h"
+#include "UnrealEdModule.h"
 #include <benchmark/benchmark.h>
 
 namespace
@@ -27,6 +28,8 @@ namespace
 			IFileManager::Get().MakeDirectory(*(Dir + TEXT("Content")), true);
 			FFileHelper::SaveStringToFile(TEXT("{}"), *(Dir + TEXT("Project.uproject")));
 			FStandInProject::SetProjectFile(Dir + TEXT("Project.uproject"));
+			// Every modification is an editor transaction, undone between runs.
+			check(FUnrealEdModule::StartEditorEngine() != nullptr);
 			UBlueprint* Made = FSampleBlueprintBuilder::MakeLarge(FString(FSampleBlueprintBuilder::Folder) / BlueprintName, NumNodes, NumVariables);
 			Made->AddToRoot();
 			// The function the nodes go to, made once.
