@@ -9,7 +9,7 @@
 
 namespace
 {
-	constexpr int32 RunsBetweenReloads = 1000;
+	constexpr int32 RunsBetweenReloads = 250;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* Data, size_t Size)
