@@ -82,6 +82,9 @@ TEST_F(FBlueprintModelTest, CompileMakesPropertiesFunctionsComponentsAndInterfac
 	Blueprint->SimpleConstructionScript->AddNode(Mesh);
 	ASSERT_TRUE(FBlueprintEditorUtils::ImplementNewInterface(Blueprint, UBlueprintTestOpenable::StaticClass()->GetClassPathName()));
 	EXPECT_FALSE(FBlueprintEditorUtils::ImplementNewInterface(Blueprint, UBlueprintTestOpenable::StaticClass()->GetClassPathName()));
+	ASSERT_EQ(Blueprint->ImplementedInterfaces[0].Graphs.Num(), 1) << "a graph for each function of the native interface";
+	EXPECT_EQ(Blueprint->ImplementedInterfaces[0].Graphs[0]->GetName(), TEXT("Open"));
+	EXPECT_EQ(Blueprint->ImplementedInterfaces[0].Graphs[0]->Nodes[0]->GetNodeTitle(ENodeTitleType::FullTitle).ToString(), TEXT("Open"));
 	EXPECT_FALSE(FBlueprintEditorUtils::ImplementNewInterface(Blueprint, AActor::StaticClass()->GetClassPathName()));
 	// A Blueprint interface's functions become graphs of the Blueprint that implements it.
 	UBlueprintFactory* InterfaceFactory = NewObject<UBlueprintFactory>();
@@ -131,6 +134,9 @@ TEST_F(FBlueprintModelTest, CompileMakesPropertiesFunctionsComponentsAndInterfac
 	ASSERT_EQ(Blueprint->ImplementedInterfaces.Num(), 2);
 	ASSERT_EQ(Blueprint->ImplementedInterfaces[1].Graphs.Num(), 1);
 	EXPECT_EQ(Blueprint->ImplementedInterfaces[1].Graphs[0]->GetName(), TEXT("Lock"));
+	const UFunction* Lock = Class->FindFunctionByName(TEXT("Lock"), EIncludeSuperFlag::ExcludeSuper);
+	ASSERT_NE(Lock, nullptr) << "an interface's graph implements its function in the class";
+	EXPECT_NE(Class->FindFunctionByName(TEXT("Open"), EIncludeSuperFlag::ExcludeSuper), nullptr);
 
 	const UFunction* Open = Class->FindFunctionByName(TEXT("Swing"));
 	ASSERT_NE(Open, nullptr);
@@ -177,6 +183,17 @@ TEST_F(FBlueprintModelTest, ABlueprintOfABlueprintInheritsThroughItsClassChain)
 	TArray<UBlueprint*> Chain;
 	EXPECT_TRUE(UBlueprint::GetBlueprintHierarchyFromClass(Child->GeneratedClass, Chain));
 	EXPECT_EQ(Chain, TArray<UBlueprint*>({Child, Parent}));
+
+	// Loaded again, the child's defaults still come from its parent's: the file holds only what differs.
+	ASSERT_TRUE(SaveTestPackage(Parent->GetOutermost(), Parent));
+	ASSERT_TRUE(SaveTestPackage(Child->GetOutermost(), Child));
+	ForgetPackage(Child->GetOutermost());
+	ForgetPackage(Parent->GetOutermost());
+	UBlueprint* LoadedChild = LoadObject<UBlueprint>(nullptr, TEXT("/Game/Blueprints/BP_Child.BP_Child"));
+	ASSERT_NE(LoadedChild, nullptr);
+	EXPECT_EQ(DefaultText(LoadedChild->GeneratedClass, TEXT("Health")), TEXT("100"));
+	EXPECT_EQ(DefaultText(LoadedChild->GeneratedClass, TEXT("Armor")), TEXT("7"));
+	EXPECT_EQ(LoadedChild->GeneratedClass->GetSuperClass()->GetPathName(), TEXT("/Game/Blueprints/BP_Base.BP_Base_C"));
 }
 
 TEST_F(FBlueprintModelTest, RealFaultsFailTheCompileAndSomeOnlyWarn)

@@ -13,6 +13,8 @@
 #include "GameFramework/Actor.h"
 #include "Kismet/KismetSystemLibrary.h"
 #include "ScopedTransaction.h"
+#include "Animation/AnimBlueprint.h"
+#include "Factories/AnimBlueprintFactory.h"
 #include "UObject/UnrealType.h"
 #include "CoreTestPrinters.h"
 
@@ -85,6 +87,7 @@ TEST_F(FBlueprintModelTest, ASavedBlueprintLoadsBackTheSameAndSurvivesGarbageCol
 	ASSERT_TRUE(Schema->TryCreateConnection(BeginPlay->FindPin(TEXT("then")), Print->FindPin(TEXT("execute"))));
 	ASSERT_TRUE(Schema->TryCreateConnection(Get->FindPin(TEXT("Greeting")), Print->FindPin(TEXT("InString"))));
 	Schema->TrySetDefaultValue(*Print->FindPin(TEXT("Duration")), TEXT("5.0"));
+	Schema->TrySetDefaultValue(*Print->FindPin(TEXT("Key")), TEXT("It's \"lit\"\n\\ on,off (really)"));
 	USCS_Node* Root = Blueprint->SimpleConstructionScript->CreateNode(USceneComponent::StaticClass(), TEXT("Base"));
 	Blueprint->SimpleConstructionScript->AddNode(Root);
 	FKismetEditorUtilities::CompileBlueprint(Blueprint);
@@ -107,6 +110,18 @@ TEST_F(FBlueprintModelTest, ASavedBlueprintLoadsBackTheSameAndSurvivesGarbageCol
 	ASSERT_NE(Lamp, nullptr);
 	EXPECT_EQ(Lamp->GetTagValueRef<FString>(FName(TEXT("GeneratedClass"))), TEXT("/Script/Engine.BlueprintGeneratedClass'/Game/Props/BP_Lamp.BP_Lamp_C'"));
 	EXPECT_EQ(Lamp->GetTagValueRef<FString>(FName(TEXT("ParentClass"))), TEXT("/Script/CoreUObject.Class'/Script/Engine.Actor'"));
+	// An Animation Blueprint is filed under its own class, so a query for Blueprints doesn't find it.
+	UAnimBlueprintFactory* AnimFactory = NewObject<UAnimBlueprintFactory>();
+	UAnimBlueprint* Anim = Cast<UAnimBlueprint>(FAssetToolsModule::GetModule().Get().CreateAsset(TEXT("ABP_Lamp"), TEXT("/Game/Props"), UAnimBlueprint::StaticClass(), AnimFactory));
+	ASSERT_NE(Anim, nullptr);
+	EXPECT_NE(Anim->GetAnimBlueprintGeneratedClass(), nullptr);
+	EXPECT_EQ(FAssetToolsModule::GetModule().Get().CreateAsset(TEXT("ABP_Lamp"), TEXT("/Game/Props"), UAnimBlueprint::StaticClass(), AnimFactory), nullptr) << "a taken name";
+	EXPECT_EQ(FAssetToolsModule::GetModule().Get().CreateAsset(TEXT("Bad Name"), TEXT("/Game/Props"), UBlueprint::StaticClass(), NewObject<UBlueprintFactory>()), nullptr);
+	TArray<FAssetData> Again;
+	Registry.GetAssetsByClass(UBlueprint::StaticClass()->GetClassPathName(), Again);
+	EXPECT_FALSE(Again.ContainsByPredicate([](const FAssetData& Asset) { return Asset.AssetName == FName(TEXT("ABP_Lamp")); }));
+	Registry.GetAssetsByClass(UAnimBlueprint::StaticClass()->GetClassPathName(), Again);
+	EXPECT_TRUE(Again.ContainsByPredicate([](const FAssetData& Asset) { return Asset.AssetName == FName(TEXT("ABP_Lamp")); }));
 
 	ForgetPackage(Blueprint->GetOutermost());
 	ASSERT_EQ(FindObject<UBlueprint>(nullptr, TEXT("/Game/Props/BP_Lamp.BP_Lamp")), nullptr);
@@ -183,6 +198,11 @@ TEST_F(FBlueprintModelTest, UndoPutsBackVariablesGraphsNodesPinsAndLinks)
 	ASSERT_EQ(Message->LinkedTo.Num(), 1);
 	EXPECT_EQ(Message->LinkedTo[0]->GetOwningNode(), Print);
 	EXPECT_EQ(Message->LinkedTo[0]->LinkedTo[0], Message);
+	// The class is the one the state before made (the transaction's compile is undone with it).
+	EXPECT_EQ(Blueprint->GeneratedClass->GetPathName(), TEXT("/Game/Blueprints/BP_Undo.BP_Undo_C"));
+	EXPECT_EQ(Blueprint->GeneratedClass->FindPropertyByName(TEXT("Count")), nullptr);
+	EXPECT_EQ(Blueprint->GeneratedClass->FindFunctionByName(TEXT("Shout")), nullptr);
+	EXPECT_EQ(Blueprint->GeneratedClass->GetDefaultObject()->GetPathName(), TEXT("/Game/Blueprints/BP_Undo.Default__BP_Undo_C"));
 	// The Blueprint compiles as it was, and its name for the undone function is free again.
 	FKismetEditorUtilities::CompileBlueprint(Blueprint);
 	EXPECT_EQ(Blueprint->Status, BS_UpToDate);
@@ -190,6 +210,7 @@ TEST_F(FBlueprintModelTest, UndoPutsBackVariablesGraphsNodesPinsAndLinks)
 
 	ASSERT_TRUE(GEditor->RedoTransaction());
 	EXPECT_EQ(Fingerprint(Blueprint), After);
+	EXPECT_NE(Blueprint->GeneratedClass->FindFunctionByName(TEXT("Shout")), nullptr) << "redo brings the compile's class back";
 	EXPECT_EQ(Kept->FindPin(TEXT("Message"))->LinkedTo.Num(), 0);
 	ASSERT_TRUE(GEditor->UndoTransaction());
 	UEdGraph* Again = FBlueprintEditorUtils::CreateNewGraph(Blueprint, TEXT("Shout"), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());

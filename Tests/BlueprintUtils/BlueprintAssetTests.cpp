@@ -87,6 +87,13 @@ TEST_F(FBlueprintUtilsTest, CompileAndSaveReportFailures)
 	EXPECT_EQ(Condensed(FTavrineBlueprintUtils::CompileBlueprint(Showcase)), TEXT(R"({"Error":"Failed to compile Blueprint '/Game/Blueprints/BP_Showcase.BP_Showcase'."})"));
 	EXPECT_NE(Showcase->Status, BS_UpToDate);
 
+	// Warnings are a failure too: a default value that doesn't read as its type.
+	UBlueprint* Warned = FSampleBlueprintBuilder::CreateBlueprint(Asset(TEXT("BP_Warned")), AActor::StaticClass());
+	ASSERT_NE(Warned, nullptr);
+	FBlueprintEditorUtils::AddMemberVariable(Warned, TEXT("Count"), FSampleBlueprintBuilder::MakePinType(UEdGraphSchema_K2::PC_Int), TEXT("lots"));
+	EXPECT_EQ(Condensed(FTavrineBlueprintUtils::CompileBlueprint(Warned)), TEXT(R"({"Error":"Failed to compile Blueprint '/Game/Blueprints/BP_Warned.BP_Warned'."})"));
+	EXPECT_EQ(Warned->Status, BS_UpToDateWithWarnings);
+
 	// A folder where the file should go makes the save fail.
 	UBlueprint* Blocked = FSampleBlueprintBuilder::MakeChild(Asset(TEXT("BP_Blocked")), Showcase);
 	ASSERT_NE(Blocked, nullptr);

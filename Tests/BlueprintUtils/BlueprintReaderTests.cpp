@@ -1,6 +1,8 @@
 // The Blueprint document: exact sections of the sample Blueprints, subsets, the content filter, lookups.
 #include "BlueprintUtilsTestSupport.h"
+#include "Engine/StaticMeshActor.h"
 #include "GameFramework/Actor.h"
+#include "HAL/FileManager.h"
 
 namespace
 {
@@ -52,7 +54,7 @@ TEST_F(FBlueprintUtilsTest, VariablesSectionHoldsTypesAndDefaults)
 	EXPECT_EQ(KeysOf(Document), TArray<FString>({ TEXT("Name"), TEXT("Path"), TEXT("ParentClass"), TEXT("Variables") }));
 	EXPECT_EQ(Document->GetStringField(TEXT("Name")), TEXT("BP_Showcase"));
 	EXPECT_EQ(Document->GetStringField(TEXT("Path")), TEXT("/Game/Blueprints/BP_Showcase.BP_Showcase"));
-	EXPECT_EQ(Document->GetStringField(TEXT("ParentClass")), TEXT("Actor"));
+	EXPECT_EQ(Document->GetStringField(TEXT("ParentClass")), TEXT("StaticMeshActor"));
 
 	const TSharedPtr<FJsonObject> Variables = Document->GetObjectField(TEXT("Variables"));
 	EXPECT_EQ(Condensed(Variables->GetObjectField(TEXT("Health"))), TEXT(R"({"Type":{"Category":"real","SubCategory":"double","Container":"None","Flags":[]},"Value":"100.000000"})"));
@@ -63,7 +65,7 @@ TEST_F(FBlueprintUtilsTest, VariablesSectionHoldsTypesAndDefaults)
 	EXPECT_EQ(Variables->GetObjectField(TEXT("Target"))->GetStringField(TEXT("Value")), TEXT("None"));
 	EXPECT_EQ(Variables->GetObjectField(TEXT("SpawnClass"))->GetObjectField(TEXT("Type"))->GetStringField(TEXT("Category")), TEXT("class"));
 	EXPECT_EQ(Variables->GetObjectField(TEXT("Waypoints"))->GetObjectField(TEXT("Type"))->GetStringField(TEXT("Container")), TEXT("Array"));
-	EXPECT_EQ(Variables->GetObjectField(TEXT("Tags"))->GetObjectField(TEXT("Type"))->GetStringField(TEXT("Container")), TEXT("Set"));
+	EXPECT_EQ(Variables->GetObjectField(TEXT("Labels"))->GetObjectField(TEXT("Type"))->GetStringField(TEXT("Container")), TEXT("Set"));
 
 	// Blueprint-visible natives show with the default filter; an actor's hidden bookkeeping doesn't.
 	EXPECT_TRUE(Variables->HasField(TEXT("InitialLifeSpan")));
@@ -77,8 +79,10 @@ TEST_F(FBlueprintUtilsTest, FunctionsAndGraphsShowNodesPinsAndLinks)
 	ASSERT_NE(FSampleBlueprintBuilder::MakeShowcase(Asset(TEXT("BP_Showcase"))), nullptr);
 	const TSharedPtr<FJsonObject> Document = Read(TEXT("BP_Showcase"), TEXT("all"));
 	ASSERT_TRUE(Document.IsValid());
-	// No components on a plain actor's default object, and no interfaces: those sections are left out.
-	EXPECT_EQ(KeysOf(Document), TArray<FString>({ TEXT("Name"), TEXT("Path"), TEXT("ParentClass"), TEXT("Variables"), TEXT("Functions"), TEXT("Graphs") }));
+	// No interfaces: that section is left out.
+	EXPECT_EQ(KeysOf(Document), TArray<FString>({ TEXT("Name"), TEXT("Path"), TEXT("ParentClass"), TEXT("Variables"), TEXT("Functions"), TEXT("Components"), TEXT("Graphs") }));
+	// The mesh its native parent makes is on the default object.
+	EXPECT_EQ(Condensed(Document->GetArrayField(TEXT("Components"))[0]->AsObject()), TEXT(R"({"Name":"StaticMeshComponent0","ClassName":"StaticMeshComponent"})"));
 
 	const TArray<TSharedPtr<FJsonValue>>& Functions = Document->GetArrayField(TEXT("Functions"));
 	const TSharedPtr<FJsonObject> ApplyDamage = FindEntry(Functions, TEXT("Name"), TEXT("ApplyDamage"));
@@ -136,7 +140,7 @@ TEST_F(FBlueprintUtilsTest, SubsetsAndLookupsByName)
 	// Class lookups: native classes by short name, Blueprints by their generated class.
 	EXPECT_EQ(FTavrineBlueprintUtils::GetBlueprintClassFromBlueprintName(TEXT("Actor")), AActor::StaticClass());
 	EXPECT_EQ(FTavrineBlueprintUtils::GetBlueprintClassFromBlueprintName(TEXT("BP_SHOWCASE")), Showcase->GeneratedClass.Get());
-	EXPECT_EQ(FTavrineBlueprintUtils::FindFirstCppImplementedParentClass(Showcase->GeneratedClass), AActor::StaticClass());
+	EXPECT_EQ(FTavrineBlueprintUtils::FindFirstCppImplementedParentClass(Showcase->GeneratedClass), AStaticMeshActor::StaticClass());
 	EXPECT_EQ(FTavrineBlueprintUtils::FindFirstCppImplementedParentClass(nullptr), nullptr);
 }
 
@@ -162,9 +166,43 @@ TEST_F(FBlueprintUtilsTest, InheritanceAndInterfacesInTheDocument)
 	ASSERT_TRUE(ApplyDamage.IsValid());
 	EXPECT_FALSE(ApplyDamage->HasField(TEXT("EdGraph")));
 
+	// A plain actor's default object holds no component, and an interface is no actor: no "Components".
+	EXPECT_FALSE(Read(TEXT("BP_Door"), TEXT("All"))->HasField(TEXT("Components")));
+	EXPECT_FALSE(Read(TEXT("BPI_Interactable"), TEXT("All"))->HasField(TEXT("Components")));
 	const TSharedPtr<FJsonObject> Door = Read(TEXT("BP_Door"), TEXT("Interfaces"));
 	const TArray<TSharedPtr<FJsonValue>>& Interfaces = Door->GetArrayField(TEXT("Interfaces"));
 	ASSERT_EQ(Interfaces.Num(), 1);
 	EXPECT_EQ(Interfaces[0]->AsObject()->GetStringField(TEXT("Name")), TEXT("BPI_Interactable_C"));
 	EXPECT_TRUE(FindEntry(Interfaces[0]->AsObject()->GetArrayField(TEXT("Graphs")), TEXT("Name"), TEXT("Interact")).IsValid());
+}
+
+TEST_F(FBlueprintUtilsTest, CheckedInSampleBlueprintsReadAsFreshlyMadeOnes)
+{
+	// The sample project's files load with today's package format and give the documents of a fresh build;
+	// when the editor's model changes, make-sample-blueprints writes them again.
+	const TCHAR* const Names[] = { TEXT("BP_Showcase"), TEXT("BP_ShowcaseChild"), TEXT("BPI_Interactable"), TEXT("BP_Door"), TEXT("ABP_Hero") };
+	for (const TCHAR* Name : Names)
+	{
+		const FString File = FString(Name) + TEXT(".uasset");
+		Project->WriteFile(Project->ContentFile(TEXT("Blueprints/") + File), Project->ReadFile(FString(TEXT(SAMPLE_BLUEPRINTS_DIR)) / File));
+	}
+	TArray<FString> FromFiles;
+	for (const TCHAR* Name : { TEXT("BP_Showcase"), TEXT("BP_ShowcaseChild"), TEXT("BP_Door") })
+	{
+		FromFiles.Add(FTavrineBlueprintUtils::ReadBlueprint(Name, TEXT("All")));
+		ASSERT_FALSE(ParseJson(FromFiles.Last())->HasField(TEXT("Error"))) << TCHAR_TO_UTF8(Name);
+	}
+	ForgetAllContent();
+	for (const TCHAR* Name : Names)
+	{
+		IFileManager::Get().Delete(*Project->ContentFile(FString(TEXT("Blueprints/")) + Name + TEXT(".uasset")));
+	}
+
+	UBlueprint* Showcase = FSampleBlueprintBuilder::MakeShowcase(Asset(TEXT("BP_Showcase")));
+	ASSERT_NE(Showcase, nullptr);
+	ASSERT_NE(FSampleBlueprintBuilder::MakeChild(Asset(TEXT("BP_ShowcaseChild")), Showcase), nullptr);
+	ASSERT_NE(FSampleBlueprintBuilder::MakeInterfaceUser(Asset(TEXT("BP_Door")), FSampleBlueprintBuilder::MakeInterface(Asset(TEXT("BPI_Interactable")))), nullptr);
+	EXPECT_EQ(FTavrineBlueprintUtils::ReadBlueprint(TEXT("BP_Showcase"), TEXT("All")), FromFiles[0]);
+	EXPECT_EQ(FTavrineBlueprintUtils::ReadBlueprint(TEXT("BP_ShowcaseChild"), TEXT("All")), FromFiles[1]);
+	EXPECT_EQ(FTavrineBlueprintUtils::ReadBlueprint(TEXT("BP_Door"), TEXT("All")), FromFiles[2]);
 }

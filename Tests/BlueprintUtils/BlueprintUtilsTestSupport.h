@@ -9,6 +9,7 @@
 #include "Serialization/JsonSerializer.h"
 #include "TavrineSettings.h"
 #include "UObject/UObjectHash.h"
+#include "UObject/UObjectIterator.h"
 
 #include "CoreTestPrinters.h"
 #include <gtest/gtest.h>
@@ -82,6 +83,8 @@ protected:
 	void TearDown() override
 	{
 		GetMutableDefault<UTavrineSettings>()->BlueprintContentFilter = SavedFilter;
+		// The next test starts without this one's assets, also when all run in one process.
+		ForgetAllContent();
 		Project.Reset();
 	}
 
@@ -96,7 +99,7 @@ protected:
 	}
 
 	/** Drops a package from memory, as a fresh editor session would not have it. */
-	static void Forget(UObject* Asset)
+	static void Forget(UObject* Asset, bool bCollectNow = true)
 	{
 		UPackage* Package = Asset->GetOutermost();
 		TArray<UObject*> Inners;
@@ -106,6 +109,22 @@ protected:
 			Inner->ClearFlags(RF_Standalone);
 		}
 		Package->ClearFlags(RF_Standalone);
+		if (bCollectNow)
+		{
+			CollectGarbage(RF_NoFlags);
+		}
+	}
+
+	/** Drops every package of the content folder from memory. */
+	static void ForgetAllContent()
+	{
+		for (TObjectIterator<UPackage> It; It; ++It)
+		{
+			if (It->GetName().StartsWith(TEXT("/Game/")))
+			{
+				Forget(*It, false);
+			}
+		}
 		CollectGarbage(RF_NoFlags);
 	}
 

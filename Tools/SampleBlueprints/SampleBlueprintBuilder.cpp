@@ -7,6 +7,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/StaticMeshActor.h"
 #include "GameFramework/Actor.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_Event.h"
@@ -151,7 +152,8 @@ bool FSampleBlueprintBuilder::Link(UEdGraphNode* From, FName FromPin, UEdGraphNo
 
 UBlueprint* FSampleBlueprintBuilder::MakeShowcase(const FString& PackageName)
 {
-	UBlueprint* Blueprint = CreateBlueprint(PackageName, AActor::StaticClass());
+	// A mesh actor, so that the default object holds a component of its own.
+	UBlueprint* Blueprint = CreateBlueprint(PackageName, AStaticMeshActor::StaticClass());
 	if (Blueprint == nullptr)
 	{
 		return nullptr;
@@ -172,7 +174,7 @@ UBlueprint* FSampleBlueprintBuilder::MakeShowcase(const FString& PackageName)
 	AddVariable(Blueprint, TEXT("Target"), MakePinType(UEdGraphSchema_K2::PC_Object, Actor));
 	AddVariable(Blueprint, TEXT("SpawnClass"), MakePinType(UEdGraphSchema_K2::PC_Class, Actor));
 	AddVariable(Blueprint, TEXT("Waypoints"), MakePinType(UEdGraphSchema_K2::PC_Struct, TBaseStructure<FVector>::Get(), EPinContainerType::Array));
-	AddVariable(Blueprint, TEXT("Tags"), MakePinType(UEdGraphSchema_K2::PC_Name, nullptr, EPinContainerType::Set));
+	AddVariable(Blueprint, TEXT("Labels"), MakePinType(UEdGraphSchema_K2::PC_Name, nullptr, EPinContainerType::Set));
 	FEdGraphPinType NamedActors = MakePinType(UEdGraphSchema_K2::PC_Name, nullptr, EPinContainerType::Map);
 	NamedActors.PinValueType.TerminalCategory = UEdGraphSchema_K2::PC_Object;
 	NamedActors.PinValueType.TerminalSubCategoryObject = Actor;

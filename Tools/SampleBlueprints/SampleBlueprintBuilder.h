@@ -29,7 +29,7 @@ public:
 	static bool Link(UEdGraphNode* From, FName FromPin, UEdGraphNode* To, FName ToPin);
 
 	// The sample content. Each is compiled; none is saved.
-	/** An actor Blueprint with variables of many kinds, a function and an event graph. */
+	/** A mesh actor Blueprint with variables of many kinds, a function and an event graph. */
 	static UBlueprint* MakeShowcase(const FString& PackageName);
 	/** A Blueprint whose parent is another Blueprint's class. */
 	static UBlueprint* MakeChild(const FString& PackageName, UBlueprint* Parent);

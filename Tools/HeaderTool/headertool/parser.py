@@ -341,6 +341,9 @@ class HeaderParser:
             self.error("UINTERFACE '%s' must be followed by '%s', found '%s'" % (u_side.name, expected, native.name), keyword)
         self.parse_class_body(native, default_access="private")
         native.super_name = u_side.name
+        # As in the engine, the functions declared on the native side are reflected on the interface class.
+        u_side.functions.extend(native.functions)
+        native.functions = []
         self.model.classes.append(native)
 
     def read_class_head(self, kind, macro, specifiers, keyword):

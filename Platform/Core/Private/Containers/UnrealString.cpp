@@ -401,6 +401,37 @@ void FString::ReplaceCharInline(TCHAR SearchChar, TCHAR ReplacementChar, ESearch
 	}
 }
 
+FString FString::ReplaceCharWithEscapedChar(const TArray<TCHAR>* Chars) const
+{
+	// The engine's escapes, each a backslash and a letter (only those of Chars when it is given).
+	static const TCHAR Escapes[][2] = {{TEXT('\\'), TEXT('\\')}, {TEXT('\n'), TEXT('n')}, {TEXT('\r'), TEXT('r')}, {TEXT('\t'), TEXT('t')}, {TEXT('\''), TEXT('\'')}, {TEXT('"'), TEXT('"')}};
+	FString Result;
+	Result.Reserve(Len());
+	for (int32 Index = 0; Index < Len(); ++Index)
+	{
+		const TCHAR Char = (*this)[Index];
+		const TCHAR* Escape = nullptr;
+		for (const TCHAR* Pair : Escapes)
+		{
+			if (Pair[0] == Char && (Chars == nullptr || Chars->Contains(Char)))
+			{
+				Escape = Pair;
+				break;
+			}
+		}
+		if (Escape != nullptr)
+		{
+			Result.AppendChar(TEXT('\\'));
+			Result.AppendChar(Escape[1]);
+		}
+		else
+		{
+			Result.AppendChar(Char);
+		}
+	}
+	return Result;
+}
+
 FString FString::ReplaceQuotesWithEscapedQuotes() const&
 {
 	FString Result;

@@ -330,6 +330,20 @@ UObject* StaticConstructObject_Internal(const FStaticConstructObjectParameters& 
 
 	if (bIsClassDefaultObject)
 	{
+		// Properties of classes made at run time (Blueprints' classes) have no constructor to set them: a
+		// class's defaults start from its parent's, as native ones start from their constructors.
+		const UClass* SuperClass = Class->GetSuperClass();
+		if (const UObject* SuperDefaults = SuperClass != nullptr ? SuperClass->GetDefaultObject(false) : nullptr)
+		{
+			for (FProperty* Property = SuperClass->PropertyLink; Property != nullptr; Property = Property->PropertyLinkNext)
+			{
+				const UClass* Owner = Property->GetOwnerClass();
+				if (Owner != nullptr && !Owner->HasAnyClassFlags(CLASS_Native))
+				{
+					Property->CopyCompleteValue_InContainer(Object, SuperDefaults);
+				}
+			}
+		}
 		if (Class->HasAnyClassFlags(CLASS_Config))
 		{
 			Object->LoadConfig();

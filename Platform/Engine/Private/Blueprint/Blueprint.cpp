@@ -4,6 +4,7 @@
 #include "Engine/TimelineTemplate.h"
 #include "EdGraph/EdGraph.h"
 #include "UObject/Interface.h"
+#include "UObject/Package.h"
 
 UBlueprintCore::UBlueprintCore(const FObjectInitializer& ObjectInitializer)
 	: Super(ObjectInitializer)
@@ -188,20 +189,46 @@ void UBlueprint::PostLoad()
 	Status = GeneratedClass != nullptr ? BS_UpToDate : BS_Dirty;
 }
 
+namespace
+{
+	const ERenameFlags QuietRename = REN_DontCreateRedirectors | REN_NonTransactional | REN_DoNotDirty | REN_ForceNoResetLoaders;
+
+	// Moves a class and its default object to (or back from) the transient package under the given names.
+	void MoveClass(UClass* Class, UObject* NewOuter, const FString& ClassName, const FString& DefaultsName, bool bPublic)
+	{
+		if (UObject* Defaults = Class->GetDefaultObject(false))
+		{
+			Defaults->Rename(*DefaultsName, NewOuter, QuietRename);
+			bPublic ? Defaults->SetFlags(RF_Public) : Defaults->ClearFlags(RF_Public | RF_Standalone);
+		}
+		Class->Rename(*ClassName, NewOuter, QuietRename);
+		bPublic ? Class->SetFlags(RF_Public) : Class->ClearFlags(RF_Public | RF_Standalone);
+	}
+}
+
 void UBlueprint::PostEditUndo()
 {
 	Super::PostEditUndo();
-	// Undo may bring back a class that a later compile replaced; the Blueprint's class is the one named after
-	// it in its package, and it needs a compile to match what was put back.
+	// The class a compile replaced waits in the transient package; undo (or redo) of the state it was made from
+	// brings it back under the Blueprint's class name, so that the class follows the Blueprint's state.
 	const FString ClassName = GetName() + TEXT("_C");
-	if (GeneratedClass == nullptr || GeneratedClass->GetOuter() != GetOuter() || GeneratedClass->GetName() != ClassName)
+	UObject* Package = GetOuter();
+	UClass* Current = FindObjectFast<UClass>(Package, FName(*ClassName));
+	UClass* Recorded = GeneratedClass.Get();
+	if (Recorded != nullptr && Recorded != Current && Recorded->GetOuter() != Package)
 	{
-		if (UClass* Current = FindObjectFast<UClass>(GetOuter(), FName(*ClassName)))
+		if (Current != nullptr)
 		{
-			GeneratedClass = Current;
-			SkeletonGeneratedClass = Current;
+			const FString Retired = MakeUniqueObjectName(GetTransientPackage(), UClass::StaticClass(), FName(*(TEXT("REINST_") + ClassName))).ToString();
+			MoveClass(Current, GetTransientPackage(), Retired, TEXT("REINST_Default__") + Retired, false);
 		}
+		MoveClass(Recorded, Package, ClassName, TEXT("Default__") + ClassName, true);
 	}
+	else if (Recorded == nullptr)
+	{
+		GeneratedClass = Current;
+	}
+	SkeletonGeneratedClass = GeneratedClass;
 	Status = BS_Dirty;
 }
 

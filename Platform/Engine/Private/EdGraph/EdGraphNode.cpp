@@ -416,7 +416,9 @@ void UEdGraphNode::ResolvePendingLinks()
 			UE_LOG(LogEdGraph, Warning, TEXT("%s: pin %s links to a pin that isn't there (%s %s); the link is dropped"), *GetPathName(), *Link.Pin->PinName.ToString(), *Link.NodeName.ToString(), *Link.PinId.ToString());
 			continue;
 		}
+		// Links are kept both ways; a half written on one side only is completed rather than left dangling.
 		Link.Pin->LinkedTo.AddUnique(OtherPin);
+		OtherPin->LinkedTo.AddUnique(Link.Pin);
 	}
 	PendingLinks.Reset();
 }

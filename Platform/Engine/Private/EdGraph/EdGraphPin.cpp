@@ -86,21 +86,28 @@ const UEdGraphSchema* UEdGraphPin::GetSchema() const
 	return OwningNode != nullptr ? OwningNode->GetSchema() : nullptr;
 }
 
+namespace
+{
+	// Both ends of a link record their state first, so that undo takes the link back from both.
+	void ModifyBothEnds(UEdGraphPin& From, UEdGraphPin& To, bool bAlwaysMarkDirty)
+	{
+		for (UEdGraphNode* Node : {From.GetOwningNode(), To.GetOwningNode()})
+		{
+			if (Node != nullptr)
+			{
+				Node->Modify(bAlwaysMarkDirty);
+			}
+		}
+	}
+}
+
 void UEdGraphPin::MakeLinkTo(UEdGraphPin* ToPin, bool bAlwaysMarkDirty)
 {
 	if (ToPin == nullptr || ToPin == this || LinkedTo.Contains(ToPin))
 	{
 		return;
 	}
-	// Both ends record their state first, so that undo takes the link back from both.
-	if (OwningNode != nullptr)
-	{
-		OwningNode->Modify(bAlwaysMarkDirty);
-	}
-	if (ToPin->OwningNode != nullptr)
-	{
-		ToPin->OwningNode->Modify(bAlwaysMarkDirty);
-	}
+	ModifyBothEnds(*this, *ToPin, bAlwaysMarkDirty);
 	LinkedTo.Add(ToPin);
 	ToPin->LinkedTo.Add(this);
 }
@@ -111,14 +118,7 @@ void UEdGraphPin::BreakLinkTo(UEdGraphPin* ToPin, bool bAlwaysMarkDirty)
 	{
 		return;
 	}
-	if (OwningNode != nullptr)
-	{
-		OwningNode->Modify(bAlwaysMarkDirty);
-	}
-	if (ToPin->OwningNode != nullptr)
-	{
-		ToPin->OwningNode->Modify(bAlwaysMarkDirty);
-	}
+	ModifyBothEnds(*this, *ToPin, bAlwaysMarkDirty);
 	LinkedTo.Remove(ToPin);
 	ToPin->LinkedTo.Remove(this);
 }

@@ -4,23 +4,7 @@ namespace UE::Engine::Private::PinText
 {
 	FString Quote(const FString& Value)
 	{
-		FString Result;
-		Result.Reserve(Value.Len() + 2);
-		Result.AppendChar(TEXT('"'));
-		for (const TCHAR Char : Value)
-		{
-			switch (Char)
-			{
-			case TEXT('"'): Result += TEXT("\\\""); break;
-			case TEXT('\\'): Result += TEXT("\\\\"); break;
-			case TEXT('\n'): Result += TEXT("\\n"); break;
-			case TEXT('\r'): Result += TEXT("\\r"); break;
-			case TEXT('\t'): Result += TEXT("\\t"); break;
-			default: Result.AppendChar(Char); break;
-			}
-		}
-		Result.AppendChar(TEXT('"'));
-		return Result;
+		return TEXT("\"") + Value.ReplaceCharWithEscapedChar() + TEXT("\"");
 	}
 
 	namespace

@@ -471,7 +471,16 @@ namespace UnrealEd::Private
 			}
 			AddFunction(Class, FName(*(Graph->GetName() + TEXT("__DelegateSignature"))), nullptr, FUNC_Public | FUNC_Delegate | FUNC_MulticastDelegate, Inputs, {});
 		}
-		for (UEdGraph* Graph : Blueprint.FunctionGraphs)
+		// The functions of the Blueprint's own graphs, then those implementing its interfaces.
+		TArray<UEdGraph*> FunctionGraphs(Blueprint.FunctionGraphs);
+		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
+		{
+			for (UEdGraph* Graph : Interface.Graphs)
+			{
+				FunctionGraphs.Add(Graph);
+			}
+		}
+		for (UEdGraph* Graph : FunctionGraphs)
 		{
 			if (Graph == nullptr)
 			{
@@ -591,19 +600,6 @@ namespace UnrealEd::Private
 		{
 			return;
 		}
-		// Properties that parent Blueprints declared start from the parent's defaults, as native ones do from
-		// their constructors.
-		if (const UObject* ParentDefaults = Class->GetSuperClass()->GetDefaultObject())
-		{
-			for (FProperty* Property = Class->PropertyLink; Property != nullptr; Property = Property->PropertyLinkNext)
-			{
-				const UClass* Owner = Property->GetOwnerClass();
-				if (Owner != nullptr && Owner != Class && Owner->HasAnyClassFlags(CLASS_CompiledFromBlueprint) && ParentDefaults->IsA(Owner))
-				{
-					Property->CopyCompleteValue_InContainer(Defaults, ParentDefaults);
-				}
-			}
-		}
 		// Values the old class's defaults held beyond its parent's carry over, by property name.
 		UObject* OldDefaults = OldClass != nullptr ? OldClass->GetDefaultObject(false) : nullptr;
 		UObject* OldParentDefaults = OldClass != nullptr && OldClass->GetSuperClass() != nullptr ? OldClass->GetSuperClass()->GetDefaultObject(false) : nullptr;
@@ -618,7 +614,11 @@ namespace UnrealEd::Private
 				}
 				const UClass* OldOwner = OldProperty->GetOwnerClass();
 				const bool bInheritedUnchanged = OldParentDefaults != nullptr && OldOwner != nullptr && OldParentDefaults->IsA(OldOwner) && OldProperty->Identical_InContainer(OldDefaults, OldParentDefaults);
-				if (bInheritedUnchanged)
+				// Subobjects of the old defaults (components made by a constructor) stay with them: the new
+				// defaults have their own.
+				const FObjectPropertyBase* ObjectProperty = CastField<FObjectPropertyBase>(OldProperty);
+				const UObject* Held = ObjectProperty != nullptr ? ObjectProperty->GetObjectPropertyValue_InContainer(OldDefaults) : nullptr;
+				if (bInheritedUnchanged || (Held != nullptr && Held->IsIn(OldDefaults)) || OldProperty->HasAnyPropertyFlags(CPF_InstancedReference | CPF_ContainsInstancedReference))
 				{
 					continue;
 				}

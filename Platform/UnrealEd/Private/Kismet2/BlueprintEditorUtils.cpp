@@ -602,52 +602,34 @@ UBlueprint* FBlueprintEditorUtils::FindBlueprintForNodeChecked(const UEdGraphNod
 	return Blueprint;
 }
 
-UEdGraph* FBlueprintEditorUtils::FindEventGraph(const UBlueprint* Blueprint)
+namespace
 {
-	if (Blueprint == nullptr)
+	UEdGraph* FindGraphNamed(const TArray<TObjectPtr<UEdGraph>>& Graphs, FName Name)
 	{
+		for (UEdGraph* Graph : Graphs)
+		{
+			if (Graph != nullptr && Graph->GetFName() == Name)
+			{
+				return Graph;
+			}
+		}
 		return nullptr;
 	}
-	for (UEdGraph* Graph : Blueprint->UbergraphPages)
-	{
-		if (Graph != nullptr && Graph->GetFName() == UEdGraphSchema_K2::GN_EventGraph)
-		{
-			return Graph;
-		}
-	}
-	return nullptr;
+}
+
+UEdGraph* FBlueprintEditorUtils::FindEventGraph(const UBlueprint* Blueprint)
+{
+	return Blueprint != nullptr ? FindGraphNamed(Blueprint->UbergraphPages, UEdGraphSchema_K2::GN_EventGraph) : nullptr;
 }
 
 UEdGraph* FBlueprintEditorUtils::FindUserConstructionScript(const UBlueprint* Blueprint)
 {
-	if (Blueprint == nullptr)
-	{
-		return nullptr;
-	}
-	for (UEdGraph* Graph : Blueprint->FunctionGraphs)
-	{
-		if (Graph != nullptr && Graph->GetFName() == UEdGraphSchema_K2::FN_UserConstructionScript)
-		{
-			return Graph;
-		}
-	}
-	return nullptr;
+	return Blueprint != nullptr ? FindGraphNamed(Blueprint->FunctionGraphs, UEdGraphSchema_K2::FN_UserConstructionScript) : nullptr;
 }
 
 UEdGraph* FBlueprintEditorUtils::FindScopeGraph(const UBlueprint* InBlueprint, const UStruct* InScope)
 {
-	if (InBlueprint == nullptr || InScope == nullptr)
-	{
-		return nullptr;
-	}
-	for (UEdGraph* Graph : InBlueprint->FunctionGraphs)
-	{
-		if (Graph != nullptr && Graph->GetFName() == InScope->GetFName())
-		{
-			return Graph;
-		}
-	}
-	return nullptr;
+	return InBlueprint != nullptr && InScope != nullptr ? FindGraphNamed(InBlueprint->FunctionGraphs, InScope->GetFName()) : nullptr;
 }
 
 UK2Node_Event* FBlueprintEditorUtils::FindOverrideForFunction(const UBlueprint* Blueprint, const UClass* SignatureClass, FName SignatureName)
