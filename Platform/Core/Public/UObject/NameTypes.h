@@ -5,6 +5,9 @@
 #include "Containers/UnrealString.h"
 #include "Templates/TypeHash.h"
 
+// The longest name text the engine takes, with its terminator; longer texts are refused.
+#define NAME_SIZE 1024
+
 enum EName : uint32
 {
 	NAME_None = 0,

@@ -88,7 +88,8 @@ void FBoolProperty::SetBoolSize(const uint32 InSize, const bool bIsNativeBool, c
 		PropertyFlags |= CPF_NoDestructor;
 	}
 	PropertyFlags |= CPF_HasGetValueTypeHash;
-	const uint32 Mask = bIsNativeBool ? 0xff : (InBitMask != 0 ? InBitMask : 1);
+	// A native bool is read through all of its byte but holds 1 for true: any other value is no bool.
+	const uint32 Mask = bIsNativeBool ? 1 : (InBitMask != 0 ? InBitMask : 1);
 	// The byte of the storage that holds the bit, on this little-endian platform.
 	uint32 Offset = 0;
 	while (Offset < InSize && ((Mask >> (8 * Offset)) & 0xff) == 0)

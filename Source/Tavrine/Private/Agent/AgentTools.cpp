@@ -44,7 +44,7 @@ const FAgent::FToolEntry* FAgent::FindTool(const FString& Name)
 		{ TEXT("get_filesystem_tree"), &FAgent::HandleGetFilesystemTree },
 		{ TEXT("create_blueprint"), &FAgent::HandleCreateBlueprint },
 		{ TEXT("read_blueprint"), &FAgent::HandleReadBlueprint },
-		{ TEXT("modify_blueprint_variables"), nullptr },
+		{ TEXT("modify_blueprint_variables"), &FAgent::HandleModifyBlueprintVariables },
 		{ TEXT("read_behavior_tree"), &FAgent::HandleReadBehaviorTree },
 		{ TEXT("save_and_compile_all_dirty_blueprints"), &FAgent::HandleSaveAndCompileAllDirtyBlueprints },
 		{ TEXT("find_reference_in_all_files"), &FAgent::HandleFindReferenceInAllFiles },

@@ -152,6 +152,7 @@ private:
 	FString HandleCreateBlueprint(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 	FString HandleReadBlueprint(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 	FString HandleSaveAndCompileAllDirtyBlueprints(const FString& Id, const TSharedPtr<FJsonObject>& Input);
+	FString HandleModifyBlueprintVariables(const FString& Id, const TSharedPtr<FJsonObject>& Input);
 
 	// File tools: each keeps the undo data before its change and shows the diff after one that worked.
 	FString HandleCreateFile(const FString& Id, const TSharedPtr<FJsonObject>& Input);

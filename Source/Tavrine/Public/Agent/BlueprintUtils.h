@@ -11,6 +11,7 @@ class UBTCompositeNode;
 class UBTNode;
 class UClass;
 class UEdGraph;
+class UEdGraphNode;
 class UObject;
 struct FAssetData;
 
@@ -88,4 +89,27 @@ private:
 	// The behaviour tree document.
 	static TSharedPtr<FJsonObject> ReadBehaviorTreeNode(const UBTNode* Node);
 	static TSharedPtr<FJsonObject> ReadBehaviorTreeComposite(const UBTCompositeNode* Composite);
+
+	// Modifying a Blueprint through a JSON document. Each section applies its entries in order, lists what
+	// failed or was made, and returns whether anything changed; a bad entry ends only itself.
+public:
+	/**
+	 * Applies the document's "Variables", "Functions" and "Graphs" in that order under one transaction named
+	 * after the conversation, then compiles and saves the Blueprint if anything changed. The JSON answer holds
+	 * each section's messages and one of "Success", "Error" or "Message".
+	 */
+	static FString ModifyBlueprint(const FString& BlueprintName, const FString& ModificationJson);
+
+private:
+	static bool ModifyBlueprintVariables(UBlueprint* Blueprint, const FJsonObject& Variables, TSharedPtr<FJsonObject>& Result);
+	/** A replicated function "OnRep_<Variable>" that the variable's changes call; an existing one is left alone. */
+	static void CreateRepNotifyFunction(UBlueprint* Blueprint, const FString& FunctionName);
+	static bool ModifyBlueprintFunctions(UBlueprint* Blueprint, const TArray<TSharedPtr<FJsonValue>>& Functions, TSharedPtr<FJsonObject>& Result);
+	static bool ModifyBlueprintGraphs(UBlueprint* Blueprint, const TArray<TSharedPtr<FJsonValue>>& Graphs, TSharedPtr<FJsonObject>& Result);
+	/** Makes the node a node entry describes ("Class", "Location", "Properties") in Graph; null when it can't. */
+	static UEdGraphNode* CreateEdGraphNode(const TSharedPtr<FJsonObject>& NodeEntry, UEdGraph* Graph);
+	/** Applies the entry's comment, pin values, directions and links to the node; true when anything changed. */
+	static bool ModifyNodeProperties(UEdGraphNode* Node, const FJsonObject& NodeEntry, UEdGraph* Graph);
+	/** Makes and sets up the node of each entry in turn; true when a node's properties changed anything. */
+	static bool AddNodesToGraph(UEdGraph* Graph, const TArray<TSharedPtr<FJsonValue>>& NodeEntries);
 };
