@@ -99,6 +99,13 @@ TEST_F(FBlueprintUtilsTest, CompileAndSaveReportFailures)
 	ASSERT_NE(Blocked, nullptr);
 	IFileManager::Get().MakeDirectory(*Project->ContentFile(TEXT("Blueprints/BP_Blocked.uasset")), true);
 	EXPECT_EQ(Condensed(FTavrineBlueprintUtils::SaveBlueprint(Blocked)), TEXT(R"({"Error":"Failed to save Blueprint asset: /Game/Blueprints/BP_Blocked.BP_Blocked"})"));
+
+	// A package under no mounted root has no file to go to: the save fails and writes nothing anywhere.
+	UBlueprint* Stray = FSampleBlueprintBuilder::CreateBlueprint(TEXT("/TavrineUnmounted/BP_Stray"), AActor::StaticClass());
+	ASSERT_NE(Stray, nullptr);
+	EXPECT_EQ(Condensed(FTavrineBlueprintUtils::SaveBlueprint(Stray)), TEXT(R"({"Error":"Failed to save Blueprint asset: /TavrineUnmounted/BP_Stray.BP_Stray"})"));
+	EXPECT_FALSE(IFileManager::Get().DirectoryExists(TEXT("/TavrineUnmounted")));
+	Forget(Stray);
 }
 
 TEST_F(FBlueprintUtilsTest, SaveAndCompileAllDirtyBlueprints)
