@@ -38,6 +38,9 @@ TEST_F(FBlueprintUtilsTest, CreateBlueprintFromNativeOrBlueprintParents)
 	EXPECT_EQ(Made->GetPathName(), TEXT("/Game/Made/BP_Made.BP_Made"));
 	EXPECT_EQ(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/Made"), TEXT("BP_Made"), TEXT("Actor")), TEXT("Error: Failed to create Blueprint 'BP_Made' at '/Game/Made'. Check if the path is valid and the name is unique."));
 	EXPECT_EQ(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/Made"), TEXT("BP_Orphan"), TEXT("NoSuchParent")), TEXT("Error: Parent class 'NoSuchParent' not found or could not be loaded."));
+	// A name that would break the asset's object path is refused, not made under a folder of its own.
+	EXPECT_EQ(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/Made"), TEXT("Doors/BP_Door"), TEXT("Actor")), TEXT("Error: Failed to create Blueprint 'Doors/BP_Door' at '/Game/Made'. Check if the path is valid and the name is unique."));
+	EXPECT_EQ(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/Made"), TEXT("BP:Door"), TEXT("Actor")), TEXT("Error: Failed to create Blueprint 'BP:Door' at '/Game/Made'. Check if the path is valid and the name is unique."));
 
 	// A Blueprint parent named by its asset, saved and no longer in memory: found through the registry's tag.
 	UBlueprint* Showcase = FSampleBlueprintBuilder::MakeShowcase(Asset(TEXT("BP_Showcase")));
