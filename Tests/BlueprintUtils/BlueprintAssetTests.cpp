@@ -38,6 +38,9 @@ TEST_F(FBlueprintUtilsTest, CreateBlueprintFromNativeOrBlueprintParents)
 	EXPECT_EQ(Made->GetPathName(), TEXT("/Game/Made/BP_Made.BP_Made"));
 	EXPECT_EQ(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/Made"), TEXT("BP_Made"), TEXT("Actor")), TEXT("Error: Failed to create Blueprint 'BP_Made' at '/Game/Made'. Check if the path is valid and the name is unique."));
 	EXPECT_EQ(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/Made"), TEXT("BP_Orphan"), TEXT("NoSuchParent")), TEXT("Error: Parent class 'NoSuchParent' not found or could not be loaded."));
+	// A name that would break the asset's object path is refused, not made under a folder of its own.
+	EXPECT_EQ(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/Made"), TEXT("Doors/BP_Door"), TEXT("Actor")), TEXT("Error: Failed to create Blueprint 'Doors/BP_Door' at '/Game/Made'. Check if the path is valid and the name is unique."));
+	EXPECT_EQ(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/Made"), TEXT("BP:Door"), TEXT("Actor")), TEXT("Error: Failed to create Blueprint 'BP:Door' at '/Game/Made'. Check if the path is valid and the name is unique."));
 
 	// A Blueprint parent named by its asset, saved and no longer in memory: found through the registry's tag.
 	UBlueprint* Showcase = FSampleBlueprintBuilder::MakeShowcase(Asset(TEXT("BP_Showcase")));
@@ -99,6 +102,13 @@ TEST_F(FBlueprintUtilsTest, CompileAndSaveReportFailures)
 	ASSERT_NE(Blocked, nullptr);
 	IFileManager::Get().MakeDirectory(*Project->ContentFile(TEXT("Blueprints/BP_Blocked.uasset")), true);
 	EXPECT_EQ(Condensed(FTavrineBlueprintUtils::SaveBlueprint(Blocked)), TEXT(R"({"Error":"Failed to save Blueprint asset: /Game/Blueprints/BP_Blocked.BP_Blocked"})"));
+
+	// A package under no mounted root has no file to go to: the save fails and writes nothing anywhere.
+	UBlueprint* Stray = FSampleBlueprintBuilder::CreateBlueprint(TEXT("/TavrineUnmounted/BP_Stray"), AActor::StaticClass());
+	ASSERT_NE(Stray, nullptr);
+	EXPECT_EQ(Condensed(FTavrineBlueprintUtils::SaveBlueprint(Stray)), TEXT(R"({"Error":"Failed to save Blueprint asset: /TavrineUnmounted/BP_Stray.BP_Stray"})"));
+	EXPECT_FALSE(IFileManager::Get().DirectoryExists(TEXT("/TavrineUnmounted")));
+	Forget(Stray);
 }
 
 TEST_F(FBlueprintUtilsTest, SaveAndCompileAllDirtyBlueprints)

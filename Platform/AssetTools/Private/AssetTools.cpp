@@ -8,6 +8,24 @@
 
 DEFINE_LOG_CATEGORY_STATIC(LogAssetTools, Log, All);
 
+namespace
+{
+	// The characters the engine refuses in an object's name: each would break the object's path.
+	bool IsValidAssetName(const FString& AssetName)
+	{
+		static const FString InvalidCharacters = TEXT("\"' ,/.:|&!~\n\r\t@#(){}[]=;^%$`");
+		for (const TCHAR Character : AssetName)
+		{
+			int32 Index = INDEX_NONE;
+			if (InvalidCharacters.FindChar(Character, Index))
+			{
+				return false;
+			}
+		}
+		return true;
+	}
+}
+
 UObject* FAssetTools::CreateAsset(const FString& AssetName, const FString& PackagePath, UClass* AssetClass, UFactory* Factory, FName CallingContext)
 {
 	if (Factory == nullptr || AssetName.IsEmpty())
@@ -23,7 +41,7 @@ UObject* FAssetTools::CreateAsset(const FString& AssetName, const FString& Packa
 	Folder.RemoveFromEnd(TEXT("/"));
 	const FString PackageName = Folder + TEXT("/") + AssetName;
 	FText Reason;
-	if (!FPackageName::IsValidLongPackageName(PackageName, false, &Reason) || AssetName.Contains(TEXT(".")))
+	if (!FPackageName::IsValidLongPackageName(PackageName, false, &Reason) || !IsValidAssetName(AssetName))
 	{
 		UE_LOG(LogAssetTools, Warning, TEXT("Can't create asset %s: %s is not a valid package name. %s"), *AssetName, *PackageName, *Reason.ToString());
 		return nullptr;

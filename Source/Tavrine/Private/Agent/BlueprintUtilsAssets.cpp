@@ -172,8 +172,17 @@ FString FTavrineBlueprintUtils::SaveBlueprint(UObject* Object)
 		return SerializeJson(MakeOutcome(TEXT("Error"), NotABlueprintMessage));
 	}
 
+	auto SaveFailure = [Blueprint]()
+	{
+		return SerializeJson(MakeOutcome(TEXT("Error"), FString::Printf(TEXT("Failed to save Blueprint asset: %s"), *Blueprint->GetPathName())));
+	};
 	UPackage* Package = Blueprint->GetOutermost();
-	const FString FileName = FPackageName::LongPackageNameToFilename(Package->GetName(), FPackageName::GetAssetPackageExtension());
+	// A package outside every mounted root has no file; the engine's unchecked conversion would end the editor.
+	FString FileName;
+	if (!FPackageName::TryConvertLongPackageNameToFilename(Package->GetName(), FileName, FPackageName::GetAssetPackageExtension()))
+	{
+		return SaveFailure();
+	}
 
 	FSavePackageArgs SaveArgs;
 	SaveArgs.TopLevelFlags = RF_Standalone;
@@ -183,7 +192,7 @@ FString FTavrineBlueprintUtils::SaveBlueprint(UObject* Object)
 	SaveArgs.bWarnOfLongFilename = true;
 	if (!UPackage::Save(Package, Blueprint, *FileName, SaveArgs).IsSuccessful())
 	{
-		return SerializeJson(MakeOutcome(TEXT("Error"), FString::Printf(TEXT("Failed to save Blueprint asset: %s"), *Blueprint->GetPathName())));
+		return SaveFailure();
 	}
 	FAssetRegistryModule::AssetCreated(Blueprint);
 	return SerializeJson(MakeOutcome(TEXT("Success"), FString::Printf(TEXT("Blueprint '%s' saved successfully."), *Blueprint->GetPathName())));
