@@ -1,5 +1,6 @@
 #include "HostAgentStatus.h"
 
+#include "Agent/TavrineInterface.h"
 #include "HttpManager.h"
 #include "HttpModule.h"
 
@@ -33,6 +34,11 @@ namespace HostAgentStatus
 		{
 			return State == EAgentState::Idle || State == EAgentState::AwaitingUpdate || State == EAgentState::AwaitingApproval || State == EAgentState::Pause;
 		}
+
+		const char* YesNo(bool bValue)
+		{
+			return bValue ? "yes" : "no";
+		}
 	}
 
 	bool IsSettled()
@@ -48,7 +54,8 @@ namespace HostAgentStatus
 
 	std::string DescribeState()
 	{
-		return std::string("State: ") + GetStateName(FAgent::Get().GetState()) + ". Pause possible: " + (CanPause() ? "yes" : "no") + ".";
+		const FTavrineInterface& Interface = FTavrineInterface::Get();
+		return std::string("State: ") + GetStateName(FAgent::Get().GetState()) + ". Pause possible: " + YesNo(CanPause()) + ". Undo possible: " + YesNo(Interface.CanUndo()) + ". Redo possible: " + YesNo(Interface.CanRedo()) + ".";
 	}
 
 	int32 CountWaitingCalls()

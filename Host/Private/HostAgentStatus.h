@@ -16,7 +16,7 @@ namespace HostAgentStatus
 	/** The chat window's rule for its Pause button: a request runs and no pause was asked for yet. */
 	bool CanPause();
 
-	/** The answer of /state, e.g. "State: PollRequest. Pause possible: yes." */
+	/** The answer of /state, e.g. "State: Idle. Pause possible: no. Undo possible: yes. Redo possible: no." */
 	std::string DescribeState();
 
 	/** Tool calls of the last answer that wait for approval; 0 outside AwaitingApproval and Approved. */

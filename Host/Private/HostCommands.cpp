@@ -15,6 +15,8 @@ FHostCommands::FHostCommands()
 	Add("/pause", "", "pause the running request", [&Interface](const FString&) { Interface.PauseRequest(); });
 	Add("/cancel", "[REASON]", "cancel the conversation", [&Interface](const FString& Reason) { Interface.CancelRequest(Reason); });
 	Add("/end", "[REASON]", "end the conversation", [&Interface](const FString& Reason) { Interface.EndRequest(Reason); });
+	Add("/undo", "", "take back every change of the last conversation", [&Interface](const FString&) { Interface.UndoLastOperation(); });
+	Add("/redo", "", "put back what the last undo took back", [&Interface](const FString&) { Interface.RedoLastOperation(); });
 	Add("/state", "", "print the agent's state and what is possible in it", [](const FString&) { std::printf("%s\n", HostAgentStatus::DescribeState().c_str()); });
 	Add("/help", "", "print this list", [this](const FString&) { std::fputs(GetHelp().c_str(), stdout); });
 	Commands.push_back({ "/quit", "", "leave the host (/exit too)", [](const FString&) { return false; } });

@@ -150,3 +150,28 @@ TEST_F(HostProgramTest, TransportFailureShowsItsReasonBeneathRequestFailed)
 	EXPECT_EQ(Distrusted.ExitCode, 1);
 	EXPECT_GT(Distrusted.Out.find("certificate not trusted"), Find(Distrusted.Out, "Request Failed\n"));
 }
+
+TEST_F(HostProgramTest, UndoAndRedoTakeBackAndPutBackTheConversationsFilesAndStateSaysWhichIsPossible)
+{
+	StartBackend(R"([
+		{ "response": { "auto_continue": true, "messages": [], "response": [
+			{ "type": "tool_use", "name": "create_file", "id": "c1", "input": { "path": "Source/Note.h", "file_text": "// note\n" } },
+			{ "type": "tool_use", "name": "finish", "id": "f1", "input": {} } ] } },
+		{ "response": { "auto_continue": true, "messages": [], "response": [ { "type": "text", "text": "Created." } ] } }
+	])");
+	const FHostRun Run = RunHost("--prompt Hello --interactive", "/end\n/state\n/undo\n/state\n/redo\n/state\n");
+	EXPECT_EQ(Run.ExitCode, 0) << Run.Out << Run.Err;
+	const size_t Ended = Find(Run.Out, "State: Idle. Pause possible: no. Undo possible: yes. Redo possible: no.");
+	const size_t Undoing = Find(Run.Out, "Undoing Last Changes...");
+	const size_t Undone = Find(Run.Out, "State: Idle. Pause possible: no. Undo possible: no. Redo possible: yes.");
+	const size_t Redoing = Find(Run.Out, "Redoing Last Changes...");
+	EXPECT_LT(Ended, Undoing);
+	EXPECT_LT(Undoing, Undone);
+	EXPECT_LT(Undone, Redoing);
+	EXPECT_NE(Run.Out.find("Undo possible: yes. Redo possible: no.", Redoing), std::string::npos) << Run.Out;
+	// Redo put the created file back as the conversation left it.
+	const std::filesystem::path Note = std::filesystem::path(Certificate.GetFolder()) / ("Project" + std::to_string(Runs)) / "Source" / "Note.h";
+	std::ifstream NoteFile(Note);
+	const std::string NoteText((std::istreambuf_iterator<char>(NoteFile)), std::istreambuf_iterator<char>());
+	EXPECT_NE(NoteText.find("// note"), std::string::npos) << Note;
+}
