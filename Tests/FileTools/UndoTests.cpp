@@ -109,6 +109,37 @@ TEST_F(UndoTest, UndoRestoresEveryFileOfTheConversationAndRedoPutsTheLastStateBa
 	std::filesystem::remove_all(Project() / "Undo");
 }
 
+TEST_F(UndoTest, UndoOfAConversationThatChangedAFileAndABlueprintRestoresBoth)
+{
+	std::filesystem::remove_all(Project() / "Undo");
+	std::filesystem::remove_all(Project() / "Content/UndoTest");
+	WriteText("Undo/Kept.txt", "original\n");
+	ASSERT_TRUE(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/UndoTest"), TEXT("BP_Beacon"), TEXT("Actor")).StartsWith(TEXT("Success")));
+	const FString Before = FTavrineBlueprintUtils::ReadBlueprint(TEXT("BP_Beacon"), TEXT("All"));
+	const std::string Updates = R"({\"Variables\": {\"Brightness\": {\"Type\": {\"Category\": \"real\", \"SubCategory\": \"double\"}, \"Value\": \"2.5\"}}})";
+	UseScenario(R"({"turns": [)" + Turn(
+		ToolUse("update_file", "b1", R"({"path": "Undo/Kept.txt", "old_string": "original", "new_string": "changed"})") + ", " +
+		ToolUse("modify_blueprint_variables", "b2", R"({"blueprint_name": "BP_Beacon", "updates": ")" + Updates + R"("})") + ", " +
+		ToolUse("finish", "b3", "{}")) + ", " + Turn(R"({"type": "text", "text": "Changed both."})") + "]}");
+
+	Facade().InitialRequest(TEXT("Change a file and a Blueprint"));
+	ASSERT_TRUE(RunUntilChat(" [ Tavrine ] \n\nChanged both.\n"));
+	const FString Modified = FTavrineBlueprintUtils::ReadBlueprint(TEXT("BP_Beacon"), TEXT("All"));
+	ASSERT_NE(Modified.Find(TEXT("Brightness")), INDEX_NONE) << TCHAR_TO_UTF8(*Modified);
+	Facade().EndRequest(FString());
+	ASSERT_TRUE(Facade().CanUndo());
+
+	Facade().UndoLastOperation();
+	EXPECT_EQ(TextOf("Undo/Kept.txt"), "original\n");
+	EXPECT_EQ(FTavrineBlueprintUtils::ReadBlueprint(TEXT("BP_Beacon"), TEXT("All")), Before);
+	EXPECT_TRUE(RunUntil([]() { return HasToolResult(TEXT("Undo")); }));
+	// The Blueprint's changes were undone in the editor, which has no way forward: no redo.
+	EXPECT_FALSE(Facade().CanUndo());
+	EXPECT_FALSE(Facade().CanRedo());
+	std::filesystem::remove_all(Project() / "Undo");
+	std::filesystem::remove_all(Project() / "Content/UndoTest");
+}
+
 TEST_F(UndoTest, UndoTakesBackEveryTransactionOfTheConversationAndSavesTheBlueprintsItLeftDirty)
 {
 	ASSERT_TRUE(FTavrineBlueprintUtils::CreateBlueprintAsset(TEXT("/Game/UndoTest"), TEXT("BP_Lamp"), TEXT("Actor")).StartsWith(TEXT("Success")));
