@@ -52,7 +52,7 @@ protected:
 	}
 
 	// Lets go of every object of the package so that the next load reads the file.
-	static void ForgetPackage(UPackage* Package)
+	static void ForgetPackage(UPackage* Package, bool bCollectNow = true)
 	{
 		GEditor->ResetTransaction(FText::FromString(TEXT("Forget")));
 		TArray<UObject*> Inners;
@@ -62,7 +62,10 @@ protected:
 			Object->ClearFlags(RF_Standalone);
 		}
 		Package->ClearFlags(RF_Standalone);
-		CollectGarbage(RF_NoFlags);
+		if (bCollectNow)
+		{
+			CollectGarbage(RF_NoFlags);
+		}
 	}
 
 	TUniquePtr<FObjectTestProject> Project;

@@ -187,7 +187,8 @@ TEST_F(FBlueprintModelTest, ABlueprintOfABlueprintInheritsThroughItsClassChain)
 	// Loaded again, the child's defaults still come from its parent's: the file holds only what differs.
 	ASSERT_TRUE(SaveTestPackage(Parent->GetOutermost(), Parent));
 	ASSERT_TRUE(SaveTestPackage(Child->GetOutermost(), Child));
-	ForgetPackage(Child->GetOutermost());
+	// One collection for both: the first would free the parent that the second still names.
+	ForgetPackage(Child->GetOutermost(), false);
 	ForgetPackage(Parent->GetOutermost());
 	UBlueprint* LoadedChild = LoadObject<UBlueprint>(nullptr, TEXT("/Game/Blueprints/BP_Child.BP_Child"));
 	ASSERT_NE(LoadedChild, nullptr);

@@ -67,7 +67,8 @@ TEST_F(FBlueprintUtilsTest, DocumentSurvivesSaveGarbageCollectionAndLoad)
 	EXPECT_EQ(Condensed(FTavrineBlueprintUtils::SaveBlueprint(Showcase)), TEXT(R"({"Success":"Blueprint '/Game/Blueprints/BP_Showcase.BP_Showcase' saved successfully."})"));
 	UBlueprint* Child = FTavrineBlueprintUtils::GetBlueprintFromtBlueprintName(TEXT("BP_ShowcaseChild"));
 	EXPECT_TRUE(ParseJson(FTavrineBlueprintUtils::SaveBlueprint(Child))->HasField(TEXT("Success")));
-	Forget(Child);
+	// One collection for both: the first would free the parent that the second still names.
+	Forget(Child, false);
 	Forget(Showcase);
 	ASSERT_EQ(FindObject<UBlueprint>(nullptr, TEXT("/Game/Blueprints/BP_Showcase.BP_Showcase")), nullptr);
 

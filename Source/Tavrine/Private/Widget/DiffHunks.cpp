@@ -131,6 +131,11 @@ namespace
 		/** Row := (Previous + (Previous & Match)) | (Previous & ~Match), with the carry running across words. */
 		void AdvanceRow(int32 Row, int32 OldId, TArray<uint64>& Scratch)
 		{
+			if (WordsPerRow == 0)
+			{
+				// An empty new side: every row is empty.
+				return;
+			}
 			const uint64* Previous = GetRow(Row - 1);
 			uint64* Current = Bits.GetData() + static_cast<int64>(Row) * WordsPerRow;
 			if (Positions[OldId].Num() == 0)
