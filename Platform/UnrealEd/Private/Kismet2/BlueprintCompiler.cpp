@@ -124,37 +124,31 @@ namespace UnrealEd::Private
 		int32 RetiredClassCount = 0;
 	}
 
+	/** An array or set of the pin type's terminal type; null, and the container gone, when that type can't be made. */
+	template <typename ContainerPropertyType>
+	FProperty* CreateSingleElementContainer(ContainerPropertyType* Container, FName Name, const FEdGraphPinType& Type, UClass* SelfClass)
+	{
+		FProperty* Element = CreateTerminalProperty(Container, Name, Type.PinCategory, Type.PinSubCategory, Type.PinSubCategoryObject.Get(), Type.bIsWeakPointer, SelfClass);
+		if (Element == nullptr)
+		{
+			delete Container;
+			return nullptr;
+		}
+		Container->AddCppProperty(Element);
+		return Container;
+	}
+
 	FProperty* FBlueprintCompiler::CreatePropertyFromPinType(UStruct* Owner, FName Name, const FEdGraphPinType& Type, EPropertyFlags Flags, UClass* SelfClass)
 	{
 		FProperty* Result = nullptr;
 		switch (Type.ContainerType)
 		{
 		case EPinContainerType::Array:
-		{
-			FArrayProperty* Array = new FArrayProperty(Owner, Name, RF_Public);
-			FProperty* Inner = CreateTerminalProperty(Array, Name, Type.PinCategory, Type.PinSubCategory, Type.PinSubCategoryObject.Get(), Type.bIsWeakPointer, SelfClass);
-			if (Inner == nullptr)
-			{
-				delete Array;
-				return nullptr;
-			}
-			Array->AddCppProperty(Inner);
-			Result = Array;
+			Result = CreateSingleElementContainer(new FArrayProperty(Owner, Name, RF_Public), Name, Type, SelfClass);
 			break;
-		}
 		case EPinContainerType::Set:
-		{
-			FSetProperty* Set = new FSetProperty(Owner, Name, RF_Public);
-			FProperty* Element = CreateTerminalProperty(Set, Name, Type.PinCategory, Type.PinSubCategory, Type.PinSubCategoryObject.Get(), Type.bIsWeakPointer, SelfClass);
-			if (Element == nullptr)
-			{
-				delete Set;
-				return nullptr;
-			}
-			Set->AddCppProperty(Element);
-			Result = Set;
+			Result = CreateSingleElementContainer(new FSetProperty(Owner, Name, RF_Public), Name, Type, SelfClass);
 			break;
-		}
 		case EPinContainerType::Map:
 		{
 			FMapProperty* Map = new FMapProperty(Owner, Name, RF_Public);
